@@ -1,0 +1,1 @@
+#include "frame/business_object.h"
