@@ -1,16 +1,19 @@
-# One CMake library per source folder: every .cpp/.h in the folder belongs to it, so
+# One CMake library per source folder: every .cpp/.h in the folder (and in the
+# sub-folders named by DIRS, such as host's storage/ and methods/) belongs to it, so
 # adding a file needs no edit here. DEPS are the libraries the folder may use.
 function(orvo_module name)
-    cmake_parse_arguments(ARG "" "" "DEPS" ${ARGN})
-    file(GLOB _sources CONFIGURE_DEPENDS
-        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    cmake_parse_arguments(ARG "" "" "DEPS;DIRS" ${ARGN})
+    set(_globs ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    foreach(_d ${ARG_DIRS})
+        list(APPEND _globs ${CMAKE_CURRENT_SOURCE_DIR}/${_d}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${_d}/*.h)
+    endforeach()
+    file(GLOB _sources CONFIGURE_DEPENDS ${_globs})
     add_library(${name} STATIC ${_sources})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_DEPS})
 endfunction()
 
-# A test program for one folder of tests/: every .cpp in it, linked with gtest_main
-# unless the folder brings its own main.
+# A test program for one folder of tests/: every .cpp in it, linked with gtest_main.
 function(orvo_test_folder name)
     cmake_parse_arguments(ARG "" "" "DEPS" ${ARGN})
     file(GLOB _sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
