@@ -4,6 +4,8 @@
 // or the word None) and fills a BOResult whose Data is, as a rule, a recordset.
 // Options is always empty in this system. A method never throws: a wrong parameter
 // text or a failure of storage comes back as a non-zero Code with a clear Text.
+// A method that stores something (the save of a data object) takes what it stores in
+// result.Data on entry: that is how a data object hands its recordset to Run.
 #pragma once
 
 #include "core/results.h"
@@ -21,8 +23,10 @@ public:
                      const QString& options, BOResult& result) = 0;
 
     // The same call returning its result, for the many callers that want it so.
-    BOResult Call(const QString& methodName, const QString& parameterText = QStringLiteral("None")) {
+    BOResult Call(const QString& methodName, const QString& parameterText = QStringLiteral("None"),
+                  const Value& data = Value()) {
         BOResult r;
+        r.Data = data;
         Run(methodName, parameterText, QString(), r);
         return r;
     }
