@@ -11,15 +11,15 @@ namespace orvo {
 
 enum class FieldType : int {
     Empty = 0,
-    SmallInt = 2,   // signed 16-bit
-    Integer = 3,    // signed 32-bit
+    SmallInt = 2, // signed 16-bit
+    Integer = 3,  // signed 32-bit
     Single = 4,
     Double = 5,
     Currency = 6,
-    Date = 7,       // date (and time of day when given)
+    Date = 7, // date (and time of day when given)
     BSTR = 8,
     Boolean = 11,
-    Variant = 12,   // any value
+    Variant = 12, // any value
     Decimal = 14,
     TinyInt = 16,
     BigInt = 20,
@@ -27,7 +27,7 @@ enum class FieldType : int {
     DBDate = 133,
     DBTime = 134,
     DBTimeStamp = 135,
-    Chapter = 136,  // a nested recordset
+    Chapter = 136, // a nested recordset
     VarChar = 200,
     LongVarChar = 201,
     VarWChar = 202, // text of at most definedSize characters

@@ -17,7 +17,8 @@ QDate Today() {
         return fixedDate();
     const QByteArray env = qgetenv("ORVO_TODAY");
     if (!env.isEmpty()) {
-        const QDate d = QDate::fromString(QString::fromLatin1(env.trimmed()), QStringLiteral("yyyy-MM-dd"));
+        const QDate d =
+            QDate::fromString(QString::fromLatin1(env.trimmed()), QStringLiteral("yyyy-MM-dd"));
         if (d.isValid())
             return d;
     }

@@ -89,7 +89,8 @@ double Value::toDouble(bool* ok) const {
         return QDate(1899, 12, 30).daysTo(std::get<QDate>(data_));
     case Kind::DateTime: {
         const QDateTime& dt = std::get<QDateTime>(data_);
-        return QDate(1899, 12, 30).daysTo(dt.date()) + dt.time().msecsSinceStartOfDay() / 86400000.0;
+        return QDate(1899, 12, 30).daysTo(dt.date()) +
+               dt.time().msecsSinceStartOfDay() / 86400000.0;
     }
     default:
         break;
@@ -217,7 +218,8 @@ QDateTime Value::toDateTime(bool* ok) const {
     }
     if (kind() == Kind::Text) {
         const QString t = std::get<QString>(data_).trimmed();
-        for (const auto* fmt : {"yyyy-MM-ddThh:mm:ss", "yyyy-MM-dd hh:mm:ss", "yyyy.MM.dd hh:mm:ss"}) {
+        for (const auto* fmt :
+             {"yyyy-MM-ddThh:mm:ss", "yyyy-MM-dd hh:mm:ss", "yyyy.MM.dd hh:mm:ss"}) {
             const QDateTime dt = QDateTime::fromString(t, QString::fromLatin1(fmt));
             if (dt.isValid()) {
                 setOk(ok, true);
@@ -308,18 +310,30 @@ bool operator==(const Value& a, const Value& b) {
 
 QString Value::KindName(Kind k) {
     switch (k) {
-    case Kind::Null: return QStringLiteral("null");
-    case Kind::Bool: return QStringLiteral("bool");
-    case Kind::Int16: return QStringLiteral("int16");
-    case Kind::Int32: return QStringLiteral("int32");
-    case Kind::Double: return QStringLiteral("double");
-    case Kind::Text: return QStringLiteral("text");
-    case Kind::Date: return QStringLiteral("date");
-    case Kind::DateTime: return QStringLiteral("datetime");
-    case Kind::Array: return QStringLiteral("array");
-    case Kind::Recordset: return QStringLiteral("recordset");
-    case Kind::Dictionary: return QStringLiteral("dictionary");
-    case Kind::Object: return QStringLiteral("object");
+    case Kind::Null:
+        return QStringLiteral("null");
+    case Kind::Bool:
+        return QStringLiteral("bool");
+    case Kind::Int16:
+        return QStringLiteral("int16");
+    case Kind::Int32:
+        return QStringLiteral("int32");
+    case Kind::Double:
+        return QStringLiteral("double");
+    case Kind::Text:
+        return QStringLiteral("text");
+    case Kind::Date:
+        return QStringLiteral("date");
+    case Kind::DateTime:
+        return QStringLiteral("datetime");
+    case Kind::Array:
+        return QStringLiteral("array");
+    case Kind::Recordset:
+        return QStringLiteral("recordset");
+    case Kind::Dictionary:
+        return QStringLiteral("dictionary");
+    case Kind::Object:
+        return QStringLiteral("object");
     }
     return QString();
 }

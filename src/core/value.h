@@ -26,8 +26,20 @@ using ValueArray = QVector<Value>;
 
 class Value {
 public:
-    enum class Kind { Null, Bool, Int16, Int32, Double, Text, Date, DateTime, Array, Recordset,
-                      Dictionary, Object };
+    enum class Kind {
+        Null,
+        Bool,
+        Int16,
+        Int32,
+        Double,
+        Text,
+        Date,
+        DateTime,
+        Array,
+        Recordset,
+        Dictionary,
+        Object
+    };
 
     Value() = default;
     Value(bool v) : data_(v) {}
@@ -79,9 +91,9 @@ public:
     static QString KindName(Kind k);
 
 private:
-    using Data = std::variant<std::monostate, bool, qint16, qint32, double, QString, QDate,
-                              QDateTime, std::shared_ptr<ValueArray>, RecordsetPtr,
-                              DictionaryPtr, ObjectPtr>;
+    using Data =
+        std::variant<std::monostate, bool, qint16, qint32, double, QString, QDate, QDateTime,
+                     std::shared_ptr<ValueArray>, RecordsetPtr, DictionaryPtr, ObjectPtr>;
     Data data_;
 };
 
