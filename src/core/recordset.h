@@ -115,22 +115,31 @@ private:
         qint64 id = 0;
         RowStatus status = RowStatus::New;
         QVector<Value> values;
-        QVector<Value> original; // values as of the last AcceptChanges (empty for New)
+        // Values as of the last AcceptChanges, copied on the first change of an Unchanged
+        // row; empty while the row is unchanged (its values are then the originals) and
+        // for a New row.
+        QVector<Value> original;
     };
 
     void rebuildView();
+    void sortView();
+    void restorePosition(qint64 rowId);
     int currentRow() const; // index into rows_, -1 when none
     Value coerce(int field, const Value& value, bool* ok) const;
 
     FieldDefs fields_;
-    QHash<QString, int> fieldIndex_; // lower-cased name -> index
+    QHash<QString, int> fieldIndex_; // exact name -> index; other spellings are scanned
     QVector<Row> rows_;
     qint64 nextRowId_ = 1;
     QVector<int> view_; // indices into rows_ of visible rows, in order
     int pos_ = -1;      // index into view_; -1 Bof, view_.size() Eof
-    qint64 deletedCurrent_ = -1; // id of a just-deleted row that is still current
+    // Just after Delete the deleted row is still current, though it has left view_:
+    // deletedRow_ is its index into rows_ (-1 when a New row was dropped) and pos_ the
+    // place in view_ of the row after it.
+    bool onDeleted_ = false;
+    int deletedRow_ = -1;
     QString filterText_;
-    std::shared_ptr<FilterExpression> filter_;
+    std::shared_ptr<const FilterExpression> filter_;
     bool filterBroken_ = false;
     QString sortText_;
     QVector<QPair<int, bool>> sortKeys_; // field index, descending
