@@ -88,6 +88,7 @@ struct FilterExpression::Node {
     int field = -1;
     Mode mode = Mode::Dynamic;
     Op op = Op::Eq;
+    bool negate = false; // Not Like: still false for a Null value
     double number = 0;
     qint64 dateKey = 0;
     QString text;
@@ -513,14 +514,7 @@ private:
         n.mode = Node::Mode::Like;
         n.text = pat.text;
         n.like = FilterExpression::LikeParts::Of(pat.text);
-        const int node = addNode(std::move(n));
-        return negate ? wrapNot(node) : node;
-    }
-
-    int wrapNot(int node) {
-        Node n;
-        n.type = Node::Type::Not;
-        n.children = {node};
+        n.negate = negate;
         return addNode(std::move(n));
     }
 
@@ -530,9 +524,10 @@ private:
                 QStringLiteral("po 'In' laukiamas '(', rastas %1").arg(describe(peek())),
                 peek().pos);
         take();
+        // Not In is a chain of <> joined by And, so that a Null value passes neither form.
         Token eq;
         eq.type = Tok::Op;
-        eq.source = QStringLiteral("=");
+        eq.source = negate ? QStringLiteral("<>") : QStringLiteral("=");
         eq.pos = inTok.pos;
         std::vector<int> parts;
         while (true) {
@@ -552,8 +547,7 @@ private:
                 QStringLiteral("sąraše laukiama ',' arba ')', rastas %1").arg(describe(peek())),
                 peek().pos);
         }
-        const int group = addGroup(Node::Type::Or, std::move(parts));
-        return negate ? wrapNot(group) : group;
+        return addGroup(negate ? Node::Type::And : Node::Type::Or, std::move(parts));
     }
 
     // The value after a comparison sign, compiled for the type of the field.
@@ -778,7 +772,7 @@ bool FilterExpression::eval(int index, const Value* row) const {
         return ValueDateKey(v, &key) && ApplyOp(n.op, Cmp3(key, n.dateKey));
     }
     case Node::Mode::Like:
-        return n.like.Matches(v.toString());
+        return n.like.Matches(v.toString()) != n.negate;
     }
     return false;
 }

@@ -575,6 +575,20 @@ Value Recordset::OriginalValueAt(int row, int field) const {
     return r.original.isEmpty() ? r.values.at(field) : r.original.at(field);
 }
 
+bool Recordset::SetValueAt(int row, int field, const Value& value) {
+    if (row < 0 || row >= rows_.size() || field < 0 || field >= fields_.size())
+        return false;
+    bool ok = false;
+    const Value v = coerce(field, value, &ok);
+    if (!ok)
+        return false;
+    Row& r = rows_[row];
+    r.values[field] = v;
+    if (!r.original.isEmpty())
+        r.original[field] = v;
+    return true;
+}
+
 // --- Copies --------------------------------------------------------------------------
 
 RecordsetPtr Recordset::Clone() const {
