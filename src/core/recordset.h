@@ -99,6 +99,10 @@ public:
     RowStatus StatusAt(int row) const;
     Value ValueAt(int row, int field) const;
     Value OriginalValueAt(int row, int field) const;
+    // Writes a stored row's value as the book now holds it (a record number given by a
+    // save), changing neither the row's status nor the current row; false when the row
+    // or field does not exist or the value does not fit the field.
+    bool SetValueAt(int row, int field, const Value& value);
 
     // Whether a save transfers only new, modified and deleted rows (set after a read).
     bool ModifiedOnlyTransfer() const { return modifiedOnly_; }
