@@ -442,13 +442,31 @@ void Recordset::sortView() {
         return;
     }
     // The keys are read out of the rows once, so that the comparisons of the sort run
-    // over compact arrays: numbers and dates as doubles (Null lowest), texts as texts.
+    // over compact arrays: numbers and dates as doubles (Null lowest), texts folded to
+    // one case.
     enum class Mode { Number, Text, Any };
+    // The first eight UTF-16 units of a folded text packed into two integers, so that
+    // most text comparisons (accounts, codes, numbers of documents) end in two integer
+    // comparisons; only texts that agree in their first eight units are compared whole.
+    struct TextPrefix {
+        quint64 hi = 0;
+        quint64 lo = 0;
+        static TextPrefix Of(const QString& t) {
+            TextPrefix p;
+            const qsizetype n = std::min<qsizetype>(t.size(), 8);
+            for (qsizetype i = 0; i < n; ++i) {
+                quint64& word = i < 4 ? p.hi : p.lo;
+                word |= quint64(t.at(i).unicode()) << (16 * (3 - (i % 4)));
+            }
+            return p;
+        }
+    };
     struct Column {
         Mode mode = Mode::Any;
         bool desc = false;
         std::vector<double> number;
         std::vector<QString> text;
+        std::vector<TextPrefix> prefix;
         std::vector<char> null;
         std::vector<Value> any;
     };
@@ -474,11 +492,15 @@ void Recordset::sortView() {
             break;
         case Mode::Text:
             c.text.resize(size_t(n));
+            c.prefix.resize(size_t(n));
             c.null.resize(size_t(n));
             for (int i = 0; i < n; ++i) {
                 const Value& v = rows_.at(view_.at(i)).values.at(f);
                 c.null[size_t(i)] = v.isNull();
-                c.text[size_t(i)] = v.toString();
+                // Folded once here, so that each comparison is a plain one; a text
+                // with nothing to fold (account numbers) is shared, not copied.
+                c.text[size_t(i)] = v.toString().toCaseFolded();
+                c.prefix[size_t(i)] = TextPrefix::Of(c.text[size_t(i)]);
             }
             break;
         case Mode::Any:
@@ -501,10 +523,19 @@ void Recordset::sortView() {
                 break;
             }
             case Mode::Text:
-                if (c.null[size_t(a)] || c.null[size_t(b)])
+                if (c.null[size_t(a)] || c.null[size_t(b)]) {
                     r = int(c.null[size_t(b)]) - int(c.null[size_t(a)]);
-                else
-                    r = QString::compare(c.text[size_t(a)], c.text[size_t(b)], Qt::CaseInsensitive);
+                } else {
+                    const TextPrefix& x = c.prefix[size_t(a)];
+                    const TextPrefix& y = c.prefix[size_t(b)];
+                    if (x.hi != y.hi)
+                        r = x.hi < y.hi ? -1 : 1;
+                    else if (x.lo != y.lo)
+                        r = x.lo < y.lo ? -1 : 1;
+                    else if (c.text[size_t(a)].size() > 8 || c.text[size_t(b)].size() > 8)
+                        r = QString::compare(c.text[size_t(a)], c.text[size_t(b)],
+                                             Qt::CaseSensitive);
+                }
                 break;
             case Mode::Any: {
                 const Value& x = c.any[size_t(a)];
