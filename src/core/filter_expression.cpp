@@ -212,6 +212,8 @@ private:
     QString describe(const Token& t) const {
         if (t.type == Tok::End)
             return QStringLiteral("filtro pabaiga");
+        if (t.type == Tok::String)
+            return t.source; // already in its quotes
         return quoted(t.source);
     }
 

@@ -3,9 +3,9 @@
 // is parsed against a recordset's fields into a small tree of comparisons bound to field
 // indices, so that testing a row does no name look-up and no allocation in the common
 // cases. The language:
-// - comparisons  Field = value, <>, <, >, <=, >=; Field like 'pattern' with * or % as
-//   wildcards anywhere (case-insensitive); Field Is [Not] Null, Field = Null,
-//   Field <> Null; Field In (v1, v2, ...);
+// - comparisons  Field = value, <>, <, >, <=, >=; Field [Not] like 'pattern' with * or %
+//   as wildcards anywhere (case-insensitive); Field Is [Not] Null, Field = Null,
+//   Field <> Null; Field [Not] In (v1, v2, ...);
 // - And, OR, Not (keywords in any case) and parentheses, And binding tighter than OR;
 // - values: quoted text with '' for a quote inside, numbers with a dot (negative
 //   allowed), dates in quotes or between #...# ('2024.03.01', #2024-03-01#), True,

@@ -492,3 +492,49 @@ TEST(FilterExpressionAlone, LikePatterns) {
     EXPECT_FALSE(FilterExpression::Like("x", ""));
     EXPECT_TRUE(FilterExpression::Like("Ąžuolas", "ą*"));
 }
+
+TEST_F(FilterLanguage, DateFieldWithATimeOfDayIsLaterThanItsDate) {
+    rs->MoveFirst();
+    ASSERT_TRUE(rs->SetField("DateD", QDateTime(QDate(2024, 3, 1), QTime(10, 0))));
+    EXPECT_EQ(ids("DateD = '2024-03-01'"), Ids{});
+    EXPECT_EQ(ids("DateD > '2024-03-01' And DateD < '2024-03-02'"), (Ids{1}));
+    EXPECT_EQ(ids("DateD = '2024-03-01 10:00:00'"), (Ids{1}));
+}
+
+TEST_F(FilterLanguage, TextValueMayHoldKeywordsAndOperators) {
+    rs->MoveFirst();
+    ASSERT_TRUE(rs->SetField("Comment", "a And b OR (c) = 'd'"));
+    EXPECT_EQ(ids("Comment = 'a And b OR (c) = ''d'''"), (Ids{1}));
+}
+
+TEST_F(FilterLanguage, BracketsLetAKeywordBeAFieldName) {
+    RecordsetPtr odd = Recordset::Create({FieldDef::Make("Like", FieldType::Integer)});
+    odd->AddNew();
+    odd->SetField(0, 1);
+    odd->AddNew();
+    odd->SetField(0, 2);
+    ASSERT_EQ(odd->SetFilter("[Like] = 2").Code, 0);
+    EXPECT_EQ(odd->RecordCount(), 1);
+    EXPECT_NE(odd->SetFilter("Like = 2").Code, 0);
+    EXPECT_EQ(odd->RecordCount(), 0);
+}
+
+TEST_F(FilterLanguage, LithuanianFieldNamesAndTextsAreRead) {
+    RecordsetPtr lt = Recordset::Create({FieldDef::Make("Pavadinimas", FieldType::VarWChar, 50),
+                                         FieldDef::Make("Likutis", FieldType::Double)});
+    lt->AddNew();
+    lt->SetField(0, "Ūkininkų Ąžuolas");
+    lt->SetField(1, 5.0);
+    lt->AddNew();
+    lt->SetField(0, "Kita");
+    lt->SetField(1, 0.0);
+    ASSERT_EQ(lt->SetFilter("pavadinimas like 'ūkininkų*' And LIKUTIS > 0").Code, 0);
+    EXPECT_EQ(lt->RecordCount(), 1);
+}
+
+TEST_F(FilterLanguage, ErrorTextQuotesWhatWasFoundOnce) {
+    const ResultRecord r = rs->SetFilter("SumA = 1 'x'");
+    EXPECT_NE(r.Code, 0);
+    EXPECT_TRUE(r.Text.contains(QStringLiteral("nelauktas tekstas 'x'"))) << r.Text.toStdString();
+    EXPECT_TRUE(r.Text.endsWith(QStringLiteral(": SumA = 1 'x'"))) << r.Text.toStdString();
+}

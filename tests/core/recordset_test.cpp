@@ -640,3 +640,99 @@ TEST(RecordsetSort, BracketedFieldNameIsRead) {
     ASSERT_EQ(rs->SetSort("[Sum] DESC").Code, 0);
     EXPECT_EQ(VisibleIds(*rs).first(), 6);
 }
+
+TEST(RecordsetSort, TextsSortWithoutRegardToCase) {
+    RecordsetPtr rs = StoredRows({"b", "A", "c", "a", "B"});
+    ASSERT_EQ(rs->SetSort("Account").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{2, 4, 1, 5, 3}));
+}
+
+TEST(RecordsetSort, LongTextsThatShareTheirStartSortByTheWholeText) {
+    RecordsetPtr rs =
+        StoredRows({"O000010099", "O00001001", "O000010005", "O0000100", "O00001009"});
+    ASSERT_EQ(rs->SetSort("Account").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{4, 3, 2, 5, 1}));
+    ASSERT_EQ(rs->SetSort("Account DESC").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{1, 5, 2, 3, 4}));
+}
+
+TEST(RecordsetSort, NullTextsSortFirst) {
+    RecordsetPtr rs = StoredRows({"b", "a"});
+    rs->AddNew();
+    rs->SetField("ID", 3);
+    ASSERT_EQ(rs->SetSort("Account").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{3, 2, 1}));
+}
+
+TEST(RecordsetSort, VariantFieldSortsByValue) {
+    RecordsetPtr rs = StoredRows({"a", "b", "c", "d"});
+    const Value values[] = {Value(10), Value(2.5), Value(), Value(-1)};
+    int i = 0;
+    for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
+        ASSERT_TRUE(rs->SetField("Any", values[i++]));
+    ASSERT_EQ(rs->SetSort("Any DESC").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{1, 2, 4, 3}));
+}
+
+TEST(RecordsetSort, BooleanFieldSortsTrueBeforeFalseAsMinusOne) {
+    RecordsetPtr rs = StoredRows({"a", "b", "c"});
+    rs->MoveFirst();
+    rs->SetField("Flag", false);
+    rs->MoveNext();
+    rs->SetField("Flag", true);
+    rs->MoveNext();
+    rs->SetField("Flag", false);
+    ASSERT_EQ(rs->SetSort("Flag").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{2, 1, 3}));
+}
+
+TEST(RecordsetStatus, DeletingTheOnlyRowThenMoveNextLeavesAnEmptyView) {
+    RecordsetPtr rs = StoredRows({"a"});
+    ASSERT_TRUE(rs->Delete());
+    EXPECT_EQ(rs->RecordCount(), 0);
+    rs->MoveNext();
+    EXPECT_TRUE(rs->Bof());
+    EXPECT_TRUE(rs->Eof());
+}
+
+TEST(RecordsetStatus, DeletingUnderAFilterHidesOnlyThatRow) {
+    RecordsetPtr rs = StoredRows({"x", "a", "x"});
+    ASSERT_EQ(rs->SetFilter("Account = 'x'").Code, 0);
+    ASSERT_TRUE(rs->Delete());
+    rs->MoveNext();
+    EXPECT_EQ(rs->Field("ID").toInt32(), 3);
+    ASSERT_EQ(rs->SetFilter("").Code, 0);
+    EXPECT_EQ(VisibleIds(*rs), (Ids{2, 3}));
+}
+
+TEST(RecordsetStoredRows, SetValueAtWritesWithoutChangingStatusOrPosition) {
+    RecordsetPtr rs = StoredRows({"a", "b"});
+    rs->MoveFirst();
+    ASSERT_TRUE(rs->SetValueAt(1, rs->FieldIndex("Sum"), "12,5"));
+    EXPECT_EQ(rs->StatusAt(1), RowStatus::Unchanged);
+    EXPECT_DOUBLE_EQ(rs->ValueAt(1, rs->FieldIndex("Sum")).toDouble(), 12.5);
+    EXPECT_EQ(rs->Field("ID").toInt32(), 1);
+    EXPECT_FALSE(rs->SetValueAt(1, rs->FieldIndex("Sum"), "abc"));
+    EXPECT_FALSE(rs->SetValueAt(5, 0, 1));
+    EXPECT_FALSE(rs->SetValueAt(0, 99, 1));
+}
+
+TEST(RecordsetStoredRows, SetValueAtOfAModifiedRowAlsoSetsItsOriginal) {
+    RecordsetPtr rs = StoredRows({"a"});
+    rs->SetField("Account", "changed");
+    ASSERT_TRUE(rs->SetValueAt(0, 0, 77));
+    EXPECT_EQ(rs->Status(), RowStatus::Modified);
+    EXPECT_EQ(rs->OriginalValueAt(0, 0).toInt32(), 77);
+    rs->CancelBatch();
+    rs->MoveFirst();
+    EXPECT_EQ(rs->Field("ID").toInt32(), 77);
+    EXPECT_EQ(rs->Field("Account").toString(), QStringLiteral("a"));
+}
+
+TEST(RecordsetStoredRows, ValueAtAndStatusAtOutsideTheRowsAreNullAndUnchanged) {
+    RecordsetPtr rs = StoredRows({"a"});
+    EXPECT_TRUE(rs->ValueAt(-1, 0).isNull());
+    EXPECT_TRUE(rs->ValueAt(1, 0).isNull());
+    EXPECT_TRUE(rs->OriginalValueAt(0, 42).isNull());
+    EXPECT_EQ(rs->StatusAt(7), RowStatus::Unchanged);
+}
