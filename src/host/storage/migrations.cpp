@@ -1,0 +1,20 @@
+#include "host/storage/migrations.h"
+
+#include "host/storage/catalogue_schema.h"
+
+namespace orvo::host {
+
+const QVector<Migration>& Migrations() {
+    // Append new migrations at the end with the next number; never change one that has
+    // shipped, since books already carry it.
+    static const QVector<Migration> list = {
+        CatalogueMigration(),
+    };
+    return list;
+}
+
+int LatestSchemaVersion() {
+    return Migrations().isEmpty() ? 0 : Migrations().constLast().Version;
+}
+
+} // namespace orvo::host
