@@ -12,6 +12,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-dejavu-core zlib1g-dev
   xvfb xauth poppler-utils
+  clang  # libFuzzer for the optional fuzz targets in tests/fuzz
 )
 
 missing=()
