@@ -1,0 +1,1 @@
+#include "host/session/book_session_service.h"
