@@ -16,7 +16,10 @@
 //   recordset of its child fields, and makes the row current. Update ends the edit.
 // - Delete marks the current row Deleted (a New row is dropped outright). The deleted
 //   row stays current until the next move, which skips it, so `Delete(); MoveNext();`
-//   walks on to the row after it.
+//   walks on to the row after it. Meanwhile Bof()/Eof() are false, its fields still
+//   read (Null for a dropped New row), and SetField and Delete refuse it.
+// - A row added under a filter or sort stays visible, at the end, until the next
+//   SetFilter or SetSort places it; values set later are likewise judged then.
 // - CancelBatch undoes every change since the last AcceptChanges on this recordset
 //   (not its nested ones): new rows go, deleted rows return, modified values revert.
 //   AcceptChanges (what a successful save does) forgets deleted rows and marks all
@@ -24,7 +27,9 @@
 // - SetFilter with an empty text shows every row. A filter that cannot be read gives a
 //   non-zero result with a clear text and the view then shows no row: it never falls
 //   back to "all rows". Moving to the first row follows every successful SetFilter.
-// - SetSort takes "Field1,Field2 DESC"; an empty text returns to insertion order.
+// - SetSort takes "Field1,Field2 DESC" (ASC may be written; texts ignore case; Null
+//   comes first; rows that tie keep their order); an empty text returns to insertion
+//   order. SetSort keeps the current row; a text that cannot be read changes nothing.
 #pragma once
 
 #include "core/field_type.h"

@@ -538,3 +538,22 @@ TEST_F(FilterLanguage, ErrorTextQuotesWhatWasFoundOnce) {
     EXPECT_TRUE(r.Text.contains(QStringLiteral("nelauktas tekstas 'x'"))) << r.Text.toStdString();
     EXPECT_TRUE(r.Text.endsWith(QStringLiteral(": SumA = 1 'x'"))) << r.Text.toStdString();
 }
+
+TEST_F(FilterLanguage, EveryCutOfAFilterIsEitherReadOrRefusedWithNoRows) {
+    const QString full =
+        QStringLiteral("(AccountD like '2*' And SumA >= -20.5) OR Not (DateD = #2024-03-01#) "
+                       "And [CurrCode] In ('EUR', 'usd') Or Comment Is Not Null");
+    for (int n = 0; n <= full.size(); ++n) {
+        const QString cut = full.left(n);
+        SCOPED_TRACE(cut.toStdString());
+        const ResultRecord r = rs->SetFilter(cut);
+        if (r.Code == 0) {
+            EXPECT_LE(rs->RecordCount(), 5);
+        } else {
+            EXPECT_FALSE(r.Text.isEmpty());
+            EXPECT_EQ(rs->RecordCount(), 0);
+            EXPECT_TRUE(rs->Eof());
+        }
+    }
+    EXPECT_EQ(ids(full), (Ids{1, 2, 4, 5}));
+}
