@@ -4,6 +4,10 @@
 # not called at all when nothing is missing. Works as root or through sudo.
 set -euo pipefail
 
+# Optional extras by name (e.g. `install-deps.sh clang` for the fuzz targets); the
+# build and the tests never need them.
+EXTRA=("$@")
+
 PACKAGES=(
   build-essential cmake ninja-build ccache pkg-config git
   qt6-base-dev qt6-base-dev-tools libgl-dev
@@ -12,11 +16,10 @@ PACKAGES=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-dejavu-core zlib1g-dev
   xvfb xauth poppler-utils
-  clang  # libFuzzer for the optional fuzz targets in tests/fuzz
 )
 
 missing=()
-for p in "${PACKAGES[@]}"; do
+for p in "${PACKAGES[@]}" "${EXTRA[@]}"; do
   if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
     missing+=("$p")
   fi

@@ -6,6 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/../.."
 DIR=${ORVO_FUZZ_DIR:-build-fuzz}
 SECONDS_TO_RUN=${1:-60}
+bash scripts/install-deps.sh clang
 if [ ! -f "$DIR/build.ninja" ]; then
   CXX=clang++ cmake -S tests/fuzz -B "$DIR" -G Ninja
 fi
