@@ -453,14 +453,14 @@ private:
         }
         if (isKeyword(opTok, "like")) {
             take();
-            return parseLike(field, opTok, false);
+            return parseLike(field, false);
         }
         if (isKeyword(opTok, "not")) {
             take();
             const Token& next = peek();
             if (isKeyword(next, "like")) {
                 take();
-                return parseLike(field, next, true);
+                return parseLike(field, true);
             }
             if (isKeyword(next, "in")) {
                 take();
@@ -500,7 +500,7 @@ private:
                         opTok.pos);
     }
 
-    int parseLike(int field, const Token& likeTok, bool negate) {
+    int parseLike(int field, bool negate) {
         const Token& pat = peek();
         if (pat.type != Tok::String) {
             if (pat.type == Tok::End)
@@ -510,7 +510,6 @@ private:
                             pat.pos);
         }
         take();
-        Q_UNUSED(likeTok);
         Node n;
         n.field = field;
         n.mode = Node::Mode::Like;
@@ -708,10 +707,9 @@ FilterExpression::Parse(const QString& text, const FieldDefs& fields, ResultReco
     if (!parser.Run()) {
         if (result)
             *result = ResultRecord::Failure(
-                ErrorCode, QStringLiteral("Filtras neperskaitomas: %1 (pozicija %2): %3")
-                               .arg(parser.error)
-                               .arg(parser.errorPos + 1)
-                               .arg(text.trimmed()));
+                ErrorCode,
+                QStringLiteral("Filtras neperskaitomas: %1 (pozicija %2): %3")
+                    .arg(parser.error, QString::number(parser.errorPos + 1), text.trimmed()));
         return nullptr;
     }
     if (result)

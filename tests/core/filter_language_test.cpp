@@ -557,3 +557,11 @@ TEST_F(FilterLanguage, EveryCutOfAFilterIsEitherReadOrRefusedWithNoRows) {
     }
     EXPECT_EQ(ids(full), (Ids{1, 2, 4, 5}));
 }
+
+TEST_F(FilterLanguage, PercentDigitsInAFilterDoNotUpsetTheErrorText) {
+    const ResultRecord r = rs->SetFilter("SumA > 1 '%1%2'");
+    EXPECT_NE(r.Code, 0);
+    EXPECT_TRUE(r.Text.contains(QStringLiteral("'%1%2'"))) << r.Text.toStdString();
+    EXPECT_TRUE(r.Text.contains(QStringLiteral("pozicija 10"))) << r.Text.toStdString();
+    EXPECT_EQ(rs->RecordCount(), 0);
+}
