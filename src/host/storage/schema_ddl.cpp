@@ -55,11 +55,12 @@ QString ColumnSql(const ColumnDef& c, Backend backend) {
             sql += QStringLiteral(" ON DELETE CASCADE");
     }
     // SQLite keeps dates as text: the check makes it refuse what PostgreSQL's DATE and
-    // TIMESTAMP would refuse, so a bad date never enters either kind of book.
+    // TIMESTAMP would refuse, so a bad date never enters either kind of book. The '+0
+    // days' makes SQLite carry 30 February over into March, so such a day fails too.
     if (!pg && c.Type == ColumnType::Date)
-        sql += QStringLiteral(" CHECK (%1 IS NULL OR date(%1) IS %1)").arg(c.Name);
+        sql += QStringLiteral(" CHECK (%1 IS NULL OR date(%1, '+0 days') IS %1)").arg(c.Name);
     if (!pg && c.Type == ColumnType::DateTime)
-        sql += QStringLiteral(" CHECK (%1 IS NULL OR datetime(%1) IS %1)").arg(c.Name);
+        sql += QStringLiteral(" CHECK (%1 IS NULL OR datetime(%1, '+0 days') IS %1)").arg(c.Name);
     return sql;
 }
 

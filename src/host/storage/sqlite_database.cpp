@@ -24,8 +24,7 @@ constexpr int kBusyTimeoutMs = 10000;
 // permission bit is a read-only book even to the superuser, who could write it anyway.
 bool IsWritable(const QString& path) {
     const QFileInfo info(path);
-    const QFile::Permissions any =
-        QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    const QFile::Permissions any = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return info.isWritable() && (info.permissions() & any);
 }
 
