@@ -237,11 +237,13 @@ ValueResult SelectionCommands::PostSelectedDebts(const DebtSettlement& settlemen
                            Value(debtRate),   Value(0.0),       Value(kNoCurrency),
                            Value(0.0),        Value(info)};
             else
+                // AddBR writes a lone credit currency under the negated Sign, so Sign 1
+                // puts it, and its euro rate, on the credit side.
                 payment = {Value(accountD),
                            Value(accountC),
                            Value(RoundBaseSum(paymentSumCurr * debtRate)),
                            Value(addressees),
-                           Value(qint16(-1)),
+                           Value(qint16(1)),
                            Value(kNoCurrency),
                            Value(0.0),
                            Value(paymentSumCurr),
