@@ -76,6 +76,17 @@ Value fromStored(ColumnType type, const Value& v) {
     }
 }
 
+// The value a column's literal default gives, as the recordset holds it.
+Value defaultOf(const ColumnDef& c) {
+    const QString d = c.Default;
+    if (d.isEmpty())
+        return c.Type == ColumnType::Flag ? Value(false) : Value();
+    if (d.startsWith('\'') && d.endsWith('\'') && d.size() >= 2)
+        return Value(d.mid(1, d.size() - 2).replace(QStringLiteral("''"), QStringLiteral("'")));
+    return fromStored(c.Type,
+                      c.Type == ColumnType::Double ? Value(d.toDouble()) : Value(d.toInt()));
+}
+
 int firstLiveRow(const Recordset& rs) {
     for (int i = 0; i < rs.RowCountAll(); ++i)
         if (rs.StatusAt(i) != RowStatus::Deleted)
@@ -118,14 +129,11 @@ BOResult ObjectStore::ReadBlank(const ObjectKind& kind) const {
     auto rs = Recordset::Create(RecordFields(kind.Root));
     rs->AddNew();
     for (const ColumnDef* c : shownColumns(kind.Root)) {
-        if (c->Default.isEmpty() || c->Type == ColumnType::Id)
+        if (c->Type == ColumnType::Id)
             continue;
-        QString d = c->Default;
-        if (d.startsWith('\'') && d.endsWith('\'') && d.size() >= 2)
-            rs->SetField(c->Name,
-                         d.mid(1, d.size() - 2).replace(QStringLiteral("''"), QStringLiteral("'")));
-        else
-            rs->SetField(c->Name, fromStored(c->Type, Value(d.toInt())));
+        const Value d = defaultOf(*c);
+        if (!d.isNull())
+            rs->SetField(c->Name, d);
     }
     rs->Update();
     return BOResult::Of(Value(rs));
@@ -216,8 +224,17 @@ bool ObjectStore::saveRow(const ObjectTable& table, Recordset& rs, int row, qint
             *error = QStringLiteral("Neužpildytas privalomas laukas „%1“.").arg(c->Name);
             return false;
         }
-        if (v.isNull() && c->NotNull)
-            continue; // the column's default stands in for an absent value
+        if (v.isNull() && (c->NotNull || c->Type == ColumnType::Flag)) {
+            // The column's default stands in for an absent value, and the record learns
+            // it after the commit, so that it holds what the book holds.
+            const Value d = defaultOf(*c);
+            pending.append({rsPtr, row, f, d});
+            if (!c->NotNull || c->Type == ColumnType::Flag) {
+                names.append(c->Name);
+                params.append(toStored(*c, d));
+            }
+            continue;
+        }
         names.append(c->Name);
         params.append(toStored(*c, v));
     }
