@@ -37,7 +37,9 @@ public:
     // first parameter a GUID; with iSign 1, -1 or 0 (the default) it is an account on
     // the debit side, the credit side or either. With FOIDR (longer than eight
     // characters) an entry that has addressees but none with that reference (on side
-    // iSign, unless 0) is spared. Value true; a wrong iSign gives Value false and
+    // iSign, unless 0) is spared. The command is given no sum, so no entry is spared for
+    // its SumA. Each deleted entry's addressees, currency rows and demands that were
+    // never stored go with it. Value true; a wrong iSign gives Value false and
     // "DeleteBR : Klaidingi parametrai !".
     ValueResult DeleteBR(const ValueArray& parameters);
 

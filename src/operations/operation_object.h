@@ -45,7 +45,9 @@ public:
     // equal the number of demands.
     static bool CheckRequiredAddr(const DictionaryPtr& dicRequiredAddr,
                                   const RecordsetPtr& rsBRProperties);
-    // The first fault of the currency sides of an entry, or the empty text.
+    // The first fault of the currency sides of an entry, or the empty text. A side with a
+    // currency sum needs a code (three blanks count as none), a rate, and a base sum
+    // equal to SumA at two places; a side with no currency sum passes.
     static QString CheckValiuta(const RecordsetPtr& rsBRCurrency, double sumA);
 
     // TestAccount(account): Value whether the chart has it ("0" never, no chart always).

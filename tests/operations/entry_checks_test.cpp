@@ -174,3 +174,15 @@ TEST_F(EntryChecksTest, TestOperReportsTheCurrencyFault) {
     const ValueResult r = op->TestOper({});
     EXPECT_TRUE(r.Text.startsWith("Suma bazine valiuta neatitinka sumai valiuta pagal kursą!\n"));
 }
+
+TEST_F(EntryChecksTest, CurrencySumUnderThreeBlanksHasNoCurrencyType) {
+    EXPECT_EQ(UIO0201500::CheckValiuta(Currency({{"{G}", qint16(1), 1.0, 10.0, "   "}}), 10.0),
+              "Nenurodytas valiutos tipas!");
+}
+
+TEST_F(EntryChecksTest, OnlyTheFirstCurrencyFaultIsReported) {
+    EXPECT_EQ(UIO0201500::CheckValiuta(Currency({{"{G}", qint16(1), 0.0, 10.0, "USD"},
+                                                 {"{G}", qint16(-1), 1.0, 10.0, ""}}),
+                                       10.0),
+              "Nenurodytas valiutos kursas!");
+}
