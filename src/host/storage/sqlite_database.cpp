@@ -34,6 +34,24 @@ Value WholeNumber(sqlite3_int64 v) {
     return Value(static_cast<double>(v));
 }
 
+// 'YYYY-MM-DD' without going through a date format: batches bind a date in most rows.
+QByteArray IsoDate(const QDate& d) {
+    const int y = d.year(), m = d.month(), day = d.day();
+    if (y < 1 || y > 9999)
+        return d.toString(Qt::ISODate).toLatin1();
+    const char text[10] = {char('0' + y / 1000),
+                           char('0' + y / 100 % 10),
+                           char('0' + y / 10 % 10),
+                           char('0' + y % 10),
+                           '-',
+                           char('0' + m / 10),
+                           char('0' + m % 10),
+                           '-',
+                           char('0' + day / 10),
+                           char('0' + day % 10)};
+    return QByteArray(text, 10);
+}
+
 } // namespace
 
 SqliteDatabase::SqliteDatabase(sqlite3* db, const QString& path, bool createdFile)
@@ -200,9 +218,11 @@ SqliteDatabase::Prepared* SqliteDatabase::Prepare(const QString& sql, QString* e
 }
 
 void SqliteDatabase::DescribeColumns(Prepared& p) {
-    if (p.Generation == SchemaGeneration())
-        return;
+    // SQLite re-prepares a statement by itself after a schema change, so SELECT * may
+    // gain columns without a new registration: the count is checked too.
     const int n = sqlite3_column_count(p.Stmt);
+    if (p.Generation == SchemaGeneration() && n == p.Columns.size())
+        return;
     p.Columns.clear();
     p.Types.clear();
     for (int i = 0; i < n; ++i) {
@@ -248,10 +268,12 @@ bool SqliteDatabase::Bind(sqlite3_stmt* stmt, const ValueArray& params, QVector<
         case Value::Kind::Text:
         case Value::Kind::Date:
         case Value::Kind::DateTime:
-            holder[i] =
-                v.kind() == Value::Kind::DateTime
-                    ? v.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toUtf8()
-                    : v.toString().toUtf8();
+            if (v.kind() == Value::Kind::Date)
+                holder[i] = IsoDate(v.toDate());
+            else if (v.kind() == Value::Kind::DateTime)
+                holder[i] = v.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toUtf8();
+            else
+                holder[i] = v.toString().toUtf8();
             rc = sqlite3_bind_text(stmt, at, holder[i].constData(), int(holder[i].size()),
                                    SQLITE_STATIC);
             break;
