@@ -199,9 +199,10 @@ int runScript(const QString& book, const QString& user) {
                  QLatin1Char('\n'));
         if (!reply.value("ok").toBool()) {
             ++failed;
-            writeErr(QStringLiteral("eilutė %1: %2")
-                         .arg(lineNumber)
-                         .arg(reply.value("error").toString()));
+            // One line per failed step, however many lines its text has.
+            QString text = reply.value("error").toString();
+            text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+            writeErr(QStringLiteral("eilutė %1: %2").arg(lineNumber).arg(text));
         }
     }
     return failed > 0 ? kFailed : kDone;

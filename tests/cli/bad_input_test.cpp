@@ -85,6 +85,42 @@ TEST_F(BadInputTest, TextFilePosingAsBookIsRefusedAndLeftAsItWas) {
     EXPECT_EQ(FileHash(book), before);
 }
 
+TEST_F(BadInputTest, CorruptBookIsRefusedAndLeftAsItWas) {
+    const QString book = PathOf("sugadinta.orvo");
+    ASSERT_EQ(RunOrvo({QStringLiteral("init"), book, QStringLiteral("--demo")}).ExitCode, 0);
+    {
+        // Keep the header, so the file still says it is a database, and spoil the rest.
+        QFile f(book);
+        ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+        const qint64 size = f.size();
+        ASSERT_GT(size, 8192);
+        f.seek(100);
+        f.write(QByteArray(static_cast<int>(size - 100), '\x5A'));
+    }
+    const QByteArray before = FileHash(book);
+    const CliRun run = RunOrvo({QStringLiteral("script"), book}, kOneStep);
+    EXPECT_NE(run.ExitCode, 0);
+    EXPECT_NE(run.ExitCode, -1) << "the program must end by itself";
+    EXPECT_TRUE(run.Out.isEmpty()) << run.OutText().toStdString();
+    EXPECT_TRUE(run.ErrText().startsWith(QStringLiteral("orvo: "))) << run.ErrText().toStdString();
+    EXPECT_EQ(FileHash(book), before);
+}
+
+TEST_F(BadInputTest, FailedStepIsOneLineOnStandardError) {
+    const QString book = PathOf("knyga.orvo");
+    ASSERT_EQ(RunOrvo({QStringLiteral("init"), book}).ExitCode, 0);
+    const CliRun run =
+        RunOrvo({QStringLiteral("script"), book},
+                ScriptOf({R"({"op":"new","code":"O0201500","as":"o"})",
+                          R"({"op":"methods","obj":"o","name":"AddBR","params":["1"]})"}));
+    EXPECT_EQ(run.ExitCode, 1);
+    ASSERT_EQ(run.Replies.size(), 2);
+    // The reply keeps the text as the command gave it, line break included.
+    EXPECT_TRUE(run.Replies[1].value("Text").toString().contains(QLatin1Char('\n')));
+    EXPECT_EQ(run.Err.count('\n'), 1) << run.ErrText().toStdString();
+    EXPECT_TRUE(run.ErrText().startsWith(QStringLiteral("orvo: eilutė 2: ")));
+}
+
 TEST_F(BadInputTest, ReadOnlyBookIsRefusedAndLeftAsItWas) {
     const QString book = PathOf("skaitoma.orvo");
     ASSERT_EQ(RunOrvo({QStringLiteral("init"), book}).ExitCode, 0);

@@ -132,7 +132,7 @@ TEST_P(ScriptProtocolTest, SetWritesNestedFieldsByPathAndByRow) {
         R"({"op":"new","code":"O0201500","as":"o"})",
         R"({"op":"methods","obj":"o","name":"AddBR","params":["2410","5000",100.5,[],0,"   ",0,0,"   ",0,"","",""]})",
         R"({"op":"methods","obj":"o","name":"AddBR","params":["2410","5000",7,[],0,"   ",0,0,"   ",0,"antras","",""]})",
-        R"({"op":"set","obj":"o","fields":{"BR/0/SumA":200.25,"BR/-1/Tag":"paskutinis","Comment":"Bandymas"}})",
+        R"({"op":"set","obj":"o","fields":{"BR/0/SumA":200.25,"BR/-1/Tag":"paskutinis","BR/0/Info":null,"Comment":"Bandymas"}})",
         R"({"op":"set","obj":"o","path":"BR","row":1,"fields":{"Info":"pakeistas","DateD":"2024-02-29"}})",
         R"({"op":"set","obj":"o","path":"BR","row":"new","fields":{"AccountD":"6000","AccountC":"2720","SumA":3}})",
         R"({"op":"set","obj":"o","fields":{"BR/5/SumA":1}})",
@@ -148,7 +148,7 @@ TEST_P(ScriptProtocolTest, SetWritesNestedFieldsByPathAndByRow) {
     for (int i : {0, 1, 2, 3, 4, 5})
         EXPECT_TRUE(run.Replies[i].value("ok").toBool())
             << i << ": " << run.Replies[i].value("error").toString().toStdString();
-    EXPECT_EQ(run.Replies[3].value("count").toInt(), 3);
+    EXPECT_EQ(run.Replies[3].value("count").toInt(), 4);
     for (int i : {6, 7, 8, 9}) {
         EXPECT_FALSE(run.Replies[i].value("ok").toBool(true)) << i;
         EXPECT_FALSE(run.Replies[i].value("error").toString().isEmpty()) << i;
@@ -160,6 +160,7 @@ TEST_P(ScriptProtocolTest, SetWritesNestedFieldsByPathAndByRow) {
     const QJsonArray br = op.value("BR")["rows"].toArray();
     ASSERT_EQ(br.size(), 3);
     EXPECT_EQ(br.at(0)["SumA"].toDouble(), 200.25);
+    EXPECT_TRUE(br.at(0)["Info"].isNull()) << "null writes Null";
     EXPECT_EQ(br.at(1)["Tag"].toString(), QStringLiteral("paskutinis"));
     EXPECT_EQ(br.at(1)["Info"].toString(), QStringLiteral("pakeistas"));
     EXPECT_EQ(br.at(1)["DateD"].toString(), QStringLiteral("2024-02-29"));

@@ -77,7 +77,7 @@ QJsonObject ScriptSession::RunLine(const QByteArray& line) {
     if (error.error != QJsonParseError::NoError)
         return Failure(QStringLiteral("Eilutė nėra JSON: %1 (ties %2 simboliu).")
                            .arg(error.errorString())
-                           .arg(error.offset + 1));
+                           .arg(error.offset));
     if (!doc.isObject())
         return Failure(QStringLiteral(
             "Eilutė turi būti JSON objektas su veiksmu „op“, pvz. {\"op\":\"today\"}."));
