@@ -63,6 +63,8 @@ struct RightsRecord {
 struct MenuItem {
     QString Caption;
     QString Key;
+    // Shown with a check mark (a menu entry that toggles a mode).
+    bool Checked = false;
 };
 using MenuItems = QList<MenuItem>;
 

@@ -6,6 +6,7 @@
 #include "host/catalogues/catalogue_kinds.h"
 #include "host/catalogues/catalogue_object.h"
 #include "host/catalogues/currency_methods.h"
+#include "host/methods/accounts_methods.h"
 #include "host/methods/host_business_object.h"
 #include "host/methods/system_methods.h"
 #include "host/objects/object_methods.h"
@@ -113,7 +114,7 @@ SessionResult HostSession::Open(const QString& location, OpenMode mode, const QS
     s->methods_ = std::make_shared<MethodRegistry>();
     for (const ResultRecord& r :
          {RegisterSystemMethods(*s->methods_), RegisterObjectMethods(*s->methods_, *s->kinds_),
-          RegisterCurrencyMethods(*s->methods_)})
+          RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_)})
         if (!r.ok())
             return {r.Code, r.Text, nullptr};
 

@@ -1,5 +1,6 @@
 #include "host/storage/migrations.h"
 
+#include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
 
 namespace orvo::host {
@@ -9,6 +10,7 @@ const QVector<Migration>& Migrations() {
     // shipped, since books already carry it.
     static const QVector<Migration> list = {
         CatalogueMigration(),
+        AccountsMigration(),
     };
     return list;
 }

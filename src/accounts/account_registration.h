@@ -1,0 +1,11 @@
+// RegisterAccountClasses adds the chart of accounts to the component's ObjectRegistry:
+// the navigator UI0200400 and the data object UIO0200400, under the root code O0200400
+// and the record code O0200401. The faces call it once at start; repeating it is
+// harmless.
+#pragma once
+
+namespace orvo {
+
+void RegisterAccountClasses();
+
+} // namespace orvo
