@@ -172,6 +172,21 @@ TEST_P(ScriptProtocolTest, SetWritesNestedFieldsByPathAndByRow) {
     EXPECT_EQ(run.Replies[13].value("RecordCount").toInt(), 1);
 }
 
+TEST_P(ScriptProtocolTest, InitRefusesABookThatIsAlreadyThere) {
+    InitBook(true);
+    const CliRun again = RunOrvo({QStringLiteral("init"), Book()});
+    EXPECT_EQ(again.ExitCode, 1);
+    EXPECT_TRUE(again.Out.isEmpty());
+    EXPECT_TRUE(again.ErrText().contains(QStringLiteral("jau yra")))
+        << again.ErrText().toStdString();
+    // The book is as the first init left it: the demonstration firm is still number 1.
+    const CliRun run =
+        Script({R"({"op":"get","oidr":"O00001001","as":"g"})", R"({"op":"fields","obj":"g"})"});
+    ASSERT_EQ(run.Replies.size(), 2) << run.ErrText().toStdString();
+    EXPECT_EQ(run.Replies[1].value("Value")["Name"].toString(),
+              QStringLiteral("UAB Orvo demonstracinė"));
+}
+
 ORVO_CLI_BACKENDS(ScriptProtocolTest);
 
 } // namespace
