@@ -2,6 +2,7 @@
 // demonstration data), runs JSON-lines scripts against a book through the same data
 // objects the desktop uses, and lists the business object's methods. Every refusal is
 // one Lithuanian line on standard error and a non-zero exit status.
+#include "accounts/account_registration.h"
 #include "core/today.h"
 #include "host/demo/demo_book.h"
 #include "host/script/plain_navigators.h"
@@ -69,6 +70,7 @@ int usageError(const QString& text) {
 // The classes of every subsystem, registered once before any book is opened.
 void registerClasses() {
     RegisterOperationClasses();
+    RegisterAccountClasses();
     HostSession::RegisterCatalogueClasses();
     RegisterPlainNavigators();
 }

@@ -172,6 +172,28 @@ TEST_P(ScriptProtocolTest, SetWritesNestedFieldsByPathAndByRow) {
     EXPECT_EQ(run.Replies[13].value("RecordCount").toInt(), 1);
 }
 
+TEST_P(ScriptProtocolTest, EveryKindOfTheProgramMakesABlankObject) {
+    InitBook(true);
+    // Code, and the class of its data object.
+    const QList<QPair<QString, QString>> kinds = {
+        {"O0000100", "UIO0000100"}, {"O0000300", "UIO0000300"}, {"O0000500", "UIO0000500"},
+        {"O0001401", "UIO0001401"}, {"O0001402", "UIO0001402"}, {"O0002200", "UIO0002200"},
+        {"O0201500", "UIO0201500"}, {"O0201504", "UIO0201500"}, {"O0200401", "UIO0200400"},
+    };
+    QStringList lines;
+    for (const auto& kind : kinds)
+        lines << QStringLiteral(R"({"op":"new","code":"%1"})").arg(kind.first);
+    const CliRun run = Script(lines);
+    EXPECT_EQ(run.ExitCode, 0) << run.ErrText().toStdString();
+    ASSERT_EQ(run.Replies.size(), kinds.size());
+    for (int i = 0; i < kinds.size(); ++i) {
+        EXPECT_TRUE(run.Replies[i].value("ok").toBool())
+            << kinds[i].first.toStdString() << ": "
+            << run.Replies[i].value("error").toString().toStdString();
+        EXPECT_EQ(run.Replies[i].value("Class").toString(), kinds[i].second);
+    }
+}
+
 TEST_P(ScriptProtocolTest, InitRefusesABookThatIsAlreadyThere) {
     InitBook(true);
     const CliRun again = RunOrvo({QStringLiteral("init"), Book()});

@@ -4,6 +4,7 @@
 // operation with a foreign-currency entry and an addressee built by AddBR.
 #include "cli_fixture.h"
 
+#include "accounts/account_registration.h"
 #include "core/today.h"
 #include "host/demo/demo_book.h"
 #include "host/script/plain_navigators.h"
@@ -24,6 +25,7 @@ class ScriptSessionTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         RegisterOperationClasses();
+        RegisterAccountClasses();
         HostSession::RegisterCatalogueClasses();
         host::RegisterPlainNavigators();
     }
