@@ -311,6 +311,20 @@ TEST_F(ScriptSessionTest, AddBRInDollarsWithAnAddresseeBuildsTheEntryInMemory) {
     EXPECT_EQ(addressees.at(0)["FOIDR"].toString(), QStringLiteral("O00001001"));
     EXPECT_EQ(addressees.at(0)["Sign"].toInt(), -1);
 
+    // A second entry; selecting a row makes it the entry the shared routines look at.
+    ValueOf(
+        R"({"op":"methods","obj":"o","name":"AddBR","params":["2410","5000",10,[1,"O00001002","UAB Žalgirio prekyba"],0,"   ",0,0,"   ",0,"","",""]})");
+    const char* findFirm =
+        R"({"op":"catalogue","name":"FindProperty","params":[{"ref":"o"},"O0000100"]})";
+    const QJsonObject select = Step(R"({"op":"set","obj":"o","path":"BR","row":1})");
+    EXPECT_TRUE(select.value("ok").toBool()) << select.value("error").toString().toStdString();
+    EXPECT_EQ(select.value("count").toInt(-1), 0);
+    EXPECT_EQ(ValueOf(findFirm), QJsonValue("O00001002"));
+    ValueOf(R"({"op":"set","obj":"o","path":"BR","row":0})");
+    EXPECT_EQ(ValueOf(findFirm), QJsonValue("O00001001"));
+    EXPECT_EQ(ValueOf(R"({"op":"catalogue","name":"BuildPropertyText","params":[{"ref":"o"},-1]})"),
+              QJsonValue("UAB Orvo demonstracinė"));
+
     // A refusal of the command comes back with its code and text, and is shown.
     const QJsonObject refused =
         Step(R"({"op":"methods","obj":"o","name":"AddBR","params":["2710"]})");
