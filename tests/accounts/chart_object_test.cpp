@@ -168,7 +168,9 @@ TEST_P(ChartObjectTest, NewAccountRepeatingItsParentsNumberIsNotStored) {
     object->SetField(QStringLiteral("ParentID"), Value(double(acc_)));
     object->SetField(QStringLiteral("Account"), QStringLiteral("27"));
     object->SetField(QStringLiteral("Name"), QStringLiteral("Kopija"));
-    EXPECT_EQ(object->Save().Code, 777);
+    const ResultRecord r = object->Save();
+    EXPECT_EQ(r.Code, 777);
+    EXPECT_EQ(r.Text, QStringLiteral("Nenurodytas sąskaitos numeris"));
     EXPECT_LT(object->OIDR().size(), 9);
 }
 

@@ -3,6 +3,8 @@
 // the navigator's rows, deleting, and moving an account one level down.
 #include "accounts_fixture.h"
 
+#include "host/methods/account_entries_hook.h"
+
 namespace orvo::host {
 namespace {
 
@@ -228,6 +230,57 @@ TEST_P(AccountsQueriesTest, ClassCannotBeMovedDown) {
         777);
     EXPECT_EQ(Call(QStringLiteral("DO0200401_MoveAccountDown"), QStringLiteral("'999999'")).Code,
               32);
+}
+
+// Restores the book-without-entries behaviour however the test ends.
+struct HookReset {
+    ~HookReset() { SetAccountEntriesHook({}); }
+};
+
+TEST_P(AccountsQueriesTest, MoveAccountDownHandsTheEntriesToTheirStorageAndUndoesAllOnRefusal) {
+    SmallChart();
+    HookReset reset;
+    QStringList moves;
+    AccountEntriesHook hook;
+    hook.MoveEntries = [&moves](Database&, const QString& from, const QString& to) {
+        moves << from + QStringLiteral("->") + to;
+        return ResultRecord::Failure(777, QStringLiteral("Įrašų perkelti nepavyko."));
+    };
+    SetAccountEntriesHook(hook);
+    const BOResult r =
+        Call(QStringLiteral("DO0200401_MoveAccountDown"), QStringLiteral("'%1'").arg(acc2410_));
+    EXPECT_EQ(r.Code, 777);
+    EXPECT_EQ(moves, QStringList{QStringLiteral("2410->24101")});
+    EXPECT_EQ(Call(QStringLiteral("GetAccount"), QStringLiteral("'24101'"))
+                  .Data.toRecordset()
+                  ->RecordCount(),
+              0);
+    EXPECT_EQ(
+        Rows(Call(QStringLiteral("GetPresetAccounts"), QStringLiteral("'240'")).Data.toRecordset(),
+             {QStringLiteral("Account")}),
+        QStringList{"2410"});
+}
+
+TEST_P(AccountsQueriesTest, AccountWithEntriesCannotBeDeletedNorRenumbered) {
+    SmallChart();
+    HookReset reset;
+    AccountEntriesHook hook;
+    hook.CountEntries = [](Database&, const QString& account, QString*) -> qint64 {
+        return account == QLatin1String("2712") ? 3 : 0;
+    };
+    SetAccountEntriesHook(hook);
+    EXPECT_EQ(Call(QStringLiteral("DO0200401_DeleteOrvoObject"),
+                   QStringLiteral("'O0200401%1'").arg(acc2712_))
+                  .Code,
+              777);
+    RecordsetPtr rs = Read(acc2712_);
+    rs->MoveFirst();
+    rs->SetField(QStringLiteral("Account"), QStringLiteral("2719"));
+    rs->Update();
+    EXPECT_EQ(SaveRecord(rs, acc2712_).Code, 777);
+    EXPECT_TRUE(Call(QStringLiteral("DO0200401_DeleteOrvoObject"),
+                     QStringLiteral("'O0200401%1'").arg(acc2711_))
+                    .ok());
 }
 
 ORVO_STORAGE_BACKENDS(AccountsQueriesTest);

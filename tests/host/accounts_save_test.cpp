@@ -37,6 +37,7 @@ TEST_P(AccountsSaveTest, ChildNumberMustBeginWithParentNumberAndBeLonger) {
     // A number that only repeats the parent's.
     BOResult r = Save(acc, QStringLiteral("241"), QStringLiteral("Pirkėjai 2"));
     EXPECT_EQ(r.Code, 777);
+    EXPECT_EQ(r.Text, QStringLiteral("Nenurodytas sąskaitos numeris"));
     // A number that does not begin with the parent's.
     r = Save(acc, QStringLiteral("2510"), QStringLiteral("Kita"));
     EXPECT_EQ(r.Code, 777);

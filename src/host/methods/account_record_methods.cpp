@@ -180,6 +180,9 @@ BOResult saveChecked(Database& db, qint64 id, const RecordsetPtr& rs) {
             return BOResult::Failure(account_codes::RoleGone,
                                      QStringLiteral("BRAProperty nebeegzistuoja!"));
     }
+    // A number that only repeats the parent's is no number of its own yet.
+    if (parentId > 0 && account == parent.account)
+        return refused(QStringLiteral("Nenurodytas sąskaitos numeris"));
     if (parentId > 0 &&
         (!account.startsWith(parent.account) || account.size() <= parent.account.size()))
         return refused(
