@@ -2,7 +2,7 @@
 
 #include "core/rounding.h"
 #include "frame/methods_convention.h"
-#include "operations/operation_record.h"
+#include "model/operation_record.h"
 
 namespace orvo {
 

@@ -15,8 +15,8 @@
 #include "frame/orvo_object_uio_base.h"
 #include "frame/orvo_s.h"
 #include "frame/orvo_services.h"
+#include "model/operation_record.h"
 #include "operations/operation_object.h"
-#include "operations/operation_record.h"
 
 #include <QHash>
 #include <QList>

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/field_type.h"
+#include "core/results.h"
 #include "host/storage/schema.h"
 
 #include <QString>
@@ -20,6 +21,7 @@ class Recordset;
 
 namespace orvo::host {
 
+class Database;
 struct ObjectTable;
 
 // A recordset nested in every row of its parent: the Chapter field `Field` holds the rows
@@ -43,6 +45,38 @@ struct ObjectTable {
     QVector<ObjectChild> Children;
     // ORDER BY of the rows when read as a child; "ID" when empty.
     QString OrderBy;
+    // A named sequence (Database::NextId) that new rows draw their ID from, instead of
+    // the table's own numbering; empty for the table's own. Kinds whose rows must never
+    // share a number with rows of another table draw from one sequence.
+    QString IdSequence;
+    // The record's fields exactly, when the record has a shape of its own that the
+    // columns follow (a field whose name is a column is stored in it, any other field
+    // is kept in memory only, and a Chapter field is a child). Empty: the fields come
+    // from the columns (RecordFields).
+    FieldDefs Shape;
+};
+
+// Who is saving, for hooks that stamp or log the change.
+struct ObjectSaveActor {
+    QString UserOIDR;
+    QString UserName;
+};
+
+// Hooks a kind may set; each runs inside the save's transaction, so a refusal or a
+// failure leaves the book as it was.
+struct ObjectSaveHooks {
+    // Before anything is written: a non-zero Code refuses the save with its Text. It may
+    // stamp fields of the row (the record keeps the stamps only when the save commits).
+    std::function<ResultRecord(Database&, Recordset& rs, int row, qint64 id,
+                               const ObjectSaveActor&)>
+        BeforeWrite;
+    // After every row is written, before the commit: a change log, or stamps written
+    // with their own statement (and then into the row with SetValueAt).
+    std::function<ResultRecord(Database&, Recordset& rs, int row, qint64 storedId, bool isNew,
+                               const ObjectSaveActor&)>
+        AfterWrite;
+    // After the record has been deleted, in the same transaction.
+    std::function<ResultRecord(Database&, qint64 id, const ObjectSaveActor&)> AfterDelete;
 };
 
 struct ObjectKind {
@@ -60,6 +94,14 @@ struct ObjectKind {
     // A text column renewed on every save and checked against the value read: a save
     // from a copy read before someone else's save is refused.
     QString LockColumn;
+    ObjectSaveHooks Hooks;
+    // A number that names a row nested in a record (an entry of an operation) gives the
+    // number of the record that holds it; 0 when it names none. Unset: a number names
+    // only a record.
+    std::function<qint64(Database&, qint64 id)> OwnerOf;
+    // Fills a blank record for the code or OID asked for (a document kind sharing the
+    // kind's tables, say); runs on the one new row.
+    std::function<void(Recordset& rs, const QString& oid)> PrepareBlank;
 };
 
 // The recordset field type that holds a stored column's values.

@@ -48,7 +48,7 @@ ResultRecord RegisterObjectMethods(MethodRegistry& methods, const ObjectKindRegi
             ObjectStore store(*ctx.database);
             const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
             if (oidr.size() < 9)
-                return store.ReadBlank(*kind);
+                return store.ReadBlank(*kind, oidr);
             const qint64 id = ObjectStore::IdFromOIDR(*kind, oidr);
             if (id == 0)
                 return BOResult::Failure(

@@ -101,6 +101,8 @@ QString newLockValue() {
 } // namespace
 
 FieldDefs ObjectStore::RecordFields(const ObjectTable& table) {
+    if (!table.Shape.isEmpty())
+        return table.Shape;
     FieldDefs fields;
     fields.append(FieldDef::Make(kOIDR, FieldType::VarWChar, 30));
     for (const ColumnDef* c : shownColumns(table))
@@ -125,16 +127,18 @@ QString ObjectStore::OIDRFor(const ObjectKind& kind, qint64 id) {
     return kind.Code + QString::number(id);
 }
 
-BOResult ObjectStore::ReadBlank(const ObjectKind& kind) const {
+BOResult ObjectStore::ReadBlank(const ObjectKind& kind, const QString& oid) const {
     auto rs = Recordset::Create(RecordFields(kind.Root));
     rs->AddNew();
     for (const ColumnDef* c : shownColumns(kind.Root)) {
-        if (c->Type == ColumnType::Id)
+        if (c->Type == ColumnType::Id || !rs->HasField(c->Name))
             continue;
         const Value d = defaultOf(*c);
         if (!d.isNull())
             rs->SetField(c->Name, d);
     }
+    if (kind.PrepareBlank)
+        kind.PrepareBlank(*rs, oid.isEmpty() ? kind.Code : oid);
     rs->Update();
     return BOResult::Of(Value(rs));
 }
@@ -197,6 +201,15 @@ BOResult ObjectStore::Read(const ObjectKind& kind, qint64 id) const {
     QString error;
     if (!readRows(kind.Root, kID, Value(double(id)), *rs, &error))
         return BOResult::Failure(1, error);
+    if (rs->RecordCount() == 0 && kind.OwnerOf) {
+        // The number may name a row nested in a record: read the record that holds it.
+        const qint64 owner = kind.OwnerOf(db_, id);
+        if (owner > 0 && owner != id) {
+            id = owner;
+            if (!readRows(kind.Root, kID, Value(double(id)), *rs, &error))
+                return BOResult::Failure(1, error);
+        }
+    }
     if (rs->RecordCount() == 0)
         return BOResult::Failure(1, QStringLiteral("Įrašas %1 nerastas.").arg(OIDRFor(kind, id)));
     rs->MoveFirst();
@@ -213,9 +226,9 @@ bool ObjectStore::saveRow(const ObjectTable& table, Recordset& rs, int row, qint
     QStringList names;
     ValueArray params;
     for (const ColumnDef* c : cols) {
-        if (c->Type == ColumnType::Id)
-            continue;
         const int f = rs.FieldIndex(c->Name);
+        if (c->Type == ColumnType::Id || f < 0)
+            continue;
         const Value v = rs.ValueAt(row, f);
         if (!insert && v == rs.OriginalValueAt(row, f) &&
             v.kind() == rs.OriginalValueAt(row, f).kind())
@@ -239,6 +252,15 @@ bool ObjectStore::saveRow(const ObjectTable& table, Recordset& rs, int row, qint
         params.append(toStored(*c, v));
     }
     if (insert) {
+        if (!table.IdSequence.isEmpty()) {
+            const IdResult next = db_.NextId(table.IdSequence);
+            if (!next.ok()) {
+                *error = next.Text;
+                return false;
+            }
+            names.append(kID);
+            params.append(Value(double(next.Id)));
+        }
         if (!parentColumn.isEmpty()) {
             names.append(parentColumn);
             params.append(Value(double(parentId)));
@@ -303,7 +325,8 @@ bool ObjectStore::saveChildren(const ObjectTable& table, Recordset& rs, int row,
         const int idField = nested->FieldIndex(kID);
         for (int i = 0; i < nested->RowCountAll(); ++i) {
             const RowStatus st = nested->StatusAt(i);
-            const qint64 childId = static_cast<qint64>(nested->ValueAt(i, idField).toDouble());
+            const qint64 childId =
+                idField < 0 ? 0 : static_cast<qint64>(nested->ValueAt(i, idField).toDouble());
             if (st == RowStatus::Deleted) {
                 if (childId <= 0 || parentIsNew)
                     continue;
@@ -331,7 +354,8 @@ bool ObjectStore::saveChildren(const ObjectTable& table, Recordset& rs, int row,
     return true;
 }
 
-BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr& rs) {
+BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr& rs,
+                           const ObjectSaveActor& actor) {
     if (!rs)
         return BOResult::Failure(1, QStringLiteral("Nėra ką įrašyti: įrašo duomenys neperduoti."));
     const int row = firstLiveRow(*rs);
@@ -351,6 +375,13 @@ BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr
     qint64 storedId = id;
     QString lock;
     bool ok = true;
+    if (kind.Hooks.BeforeWrite) {
+        const ResultRecord r = kind.Hooks.BeforeWrite(db_, *rs, row, id, actor);
+        if (!r.ok()) {
+            db_.Rollback();
+            return BOResult::Failure(r.Code, r.Text);
+        }
+    }
     if (!kind.LockColumn.isEmpty()) {
         lock = newLockValue();
         const int lf = rs->FieldIndex(kind.LockColumn);
@@ -386,11 +417,20 @@ BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr
     }
     if (ok)
         ok = saveChildren(kind.Root, *rs, row, storedId, id == 0, pending, &error);
+    qint32 failureCode = 1;
+    if (ok && kind.Hooks.AfterWrite) {
+        const ResultRecord r = kind.Hooks.AfterWrite(db_, *rs, row, storedId, id == 0, actor);
+        if (!r.ok()) {
+            ok = false;
+            failureCode = r.Code;
+            error = r.Text;
+        }
+    }
     if (!ok) {
         db_.Rollback();
         if (id == 0 && !kind.LockColumn.isEmpty())
             rs->SetField(kind.LockColumn, Value());
-        return BOResult::Failure(1, error);
+        return BOResult::Failure(failureCode, error);
     }
     const ResultRecord committed = db_.Commit();
     if (!committed.ok())
@@ -401,7 +441,8 @@ BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr
         if (w.field >= 0)
             w.rs->SetValueAt(w.row, w.field, w.value);
     rs->SetValueAt(row, rs->FieldIndex(kOIDR), OIDRFor(kind, storedId));
-    rs->SetValueAt(row, rs->FieldIndex(kID), Value(double(storedId)));
+    if (rs->FieldIndex(kID) >= 0)
+        rs->SetValueAt(row, rs->FieldIndex(kID), Value(double(storedId)));
 
     auto out = Recordset::Create(
         {FieldDef::Make(kOIDR, FieldType::VarWChar, 30), FieldDef::Make(kID, FieldType::Integer),
@@ -415,15 +456,32 @@ BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr
     return BOResult::Of(Value(out));
 }
 
-BOResult ObjectStore::Delete(const ObjectKind& kind, qint64 id) {
+BOResult ObjectStore::Delete(const ObjectKind& kind, qint64 id, const ObjectSaveActor& actor) {
+    const ResultRecord begun = db_.Begin();
+    if (!begun.ok())
+        return BOResult::Failure(begun.Code, begun.Text);
     const ExecResult r =
         db_.Execute(QStringLiteral("DELETE FROM %1 WHERE ID = ?").arg(kind.Root.Table.Name),
                     {Value(double(id))});
-    if (!r.ok())
+    if (!r.ok()) {
+        db_.Rollback();
         return BOResult::Failure(
             1, QStringLiteral("Įrašo %1 panaikinti negalima: %2").arg(OIDRFor(kind, id), r.Text));
-    if (r.RowsAffected == 0)
+    }
+    if (r.RowsAffected == 0) {
+        db_.Rollback();
         return BOResult::Failure(1, QStringLiteral("Įrašas %1 nerastas.").arg(OIDRFor(kind, id)));
+    }
+    if (kind.Hooks.AfterDelete) {
+        const ResultRecord h = kind.Hooks.AfterDelete(db_, id, actor);
+        if (!h.ok()) {
+            db_.Rollback();
+            return BOResult::Failure(h.Code, h.Text);
+        }
+    }
+    const ResultRecord committed = db_.Commit();
+    if (!committed.ok())
+        return BOResult::Failure(committed.Code, committed.Text);
     return BOResult::Of(Value(true));
 }
 

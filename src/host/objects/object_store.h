@@ -26,14 +26,20 @@ public:
     static FieldDefs RecordFields(const ObjectTable& table);
 
     // A blank record: one new row with the columns' defaults and empty nested recordsets.
-    BOResult ReadBlank(const ObjectKind& kind) const;
+    // `oid` is the code or OID asked for, handed to the kind's PrepareBlank.
+    BOResult ReadBlank(const ObjectKind& kind, const QString& oid = QString()) const;
     // The stored record `id` with all its nested rows; a record that does not exist is
-    // refused with a clear text.
+    // refused with a clear text. A number that names a nested row reads its record when
+    // the kind says how to find it (OwnerOf).
     BOResult Read(const ObjectKind& kind, qint64 id) const;
     // Stores the record in `rs` (its first row) as record `id`, or as a new record when
     // `id` is 0. Data of the result: one row with OIDR, ID and the lock value.
-    BOResult Save(const ObjectKind& kind, qint64 id, const RecordsetPtr& rs);
-    BOResult Delete(const ObjectKind& kind, qint64 id);
+    // The kind's hooks run inside the transaction; `actor` is who saves.
+    BOResult Save(const ObjectKind& kind, qint64 id, const RecordsetPtr& rs,
+                  const ObjectSaveActor& actor = {});
+    // Removes the record (its nested rows go with it by the tables' cascades) and runs
+    // the kind's AfterDelete in the same transaction.
+    BOResult Delete(const ObjectKind& kind, qint64 id, const ObjectSaveActor& actor = {});
     // Rows OIDR, OType, Preview of the kind's records in list order; `from` and `to`
     // are 1-based positions in that order (0 means from the start / to the end).
     BOResult List(const ObjectKind& kind, int from, int to) const;

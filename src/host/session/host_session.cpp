@@ -11,6 +11,7 @@
 #include "host/methods/system_methods.h"
 #include "host/objects/object_methods.h"
 #include "host/objects/object_store.h"
+#include "host/objects/operation_methods.h"
 #include "host/session/book_constants_service.h"
 #include "host/session/book_rights_service.h"
 #include "host/session/book_session_service.h"
@@ -117,6 +118,10 @@ SessionResult HostSession::Open(const QString& location, OpenMode mode, const QS
           RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_)})
         if (!r.ok())
             return {r.Code, r.Text, nullptr};
+    const ResultRecord operations =
+        RegisterOperationMethods(*s->methods_, s->user_, BookPostingRules(s->userIsAdmin_));
+    if (!operations.ok())
+        return {operations.Code, operations.Text, nullptr};
 
     MethodContext ctx;
     ctx.database = &db;

@@ -2,6 +2,7 @@
 
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
+#include "host/storage/operations_schema.h"
 
 namespace orvo::host {
 
@@ -11,6 +12,7 @@ const QVector<Migration>& Migrations() {
     static const QVector<Migration> list = {
         CatalogueMigration(),
         AccountsMigration(),
+        OperationsMigration(),
     };
     return list;
 }

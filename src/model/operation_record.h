@@ -39,10 +39,11 @@ inline constexpr int ShowStringSize = 800;
 inline constexpr int KindSize = 20;
 
 // BRCurrency: BRGUID, Sign (1 debit side, any other value credit side), RateCurr (base
-// currency per foreign unit), SumCurr, FCurrencyCode.
+// currency per foreign unit), SumCurr, FCurrencyCode, and ID, the stored row's number
+// (Null until stored; last, so that the fields the component fills keep their places).
 FieldDefs BRCurrencyFields();
 // BRProperties: BRGUID, Sign, FOIDR (the addressee or the entry referred to),
-// ShowString.
+// ShowString, and ID, the stored row's number (Null until stored).
 FieldDefs BRPropertiesFields();
 // RequiredAddr: Sign, FOID (the kind that must stand as an addressee on that side),
 // BRTemplateAccGUID (the template line the demand came from).

@@ -1,4 +1,4 @@
-#include "operations/operation_record.h"
+#include "model/operation_record.h"
 
 namespace orvo::OperationRecord {
 
@@ -21,15 +21,15 @@ FieldDefs BRCurrencyFields() {
         typed("RateCurr", FieldType::Double),
         typed("SumCurr", FieldType::Double),
         text("FCurrencyCode", CurrencyCodeSize),
+        typed("ID", FieldType::Integer),
     };
 }
 
 FieldDefs BRPropertiesFields() {
     return {
-        text("BRGUID", GuidSize),
-        typed("Sign", FieldType::SmallInt),
-        text("FOIDR", ReferenceSize),
-        text("ShowString", ShowStringSize),
+        text("BRGUID", GuidSize),        typed("Sign", FieldType::SmallInt),
+        text("FOIDR", ReferenceSize),    text("ShowString", ShowStringSize),
+        typed("ID", FieldType::Integer),
     };
 }
 
