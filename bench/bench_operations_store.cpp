@@ -1,0 +1,190 @@
+// How fast the book takes and gives operations through the host's object store, the
+// path of DO0201500_SaveOrvoObject and DO0201500_GetOrvoObject (checks, record numbers
+// from the shared sequence, nested rows, lock, protocol and change log included), on an
+// SQLite book with synchronous=FULL:
+//   BM_PostOperations        operations of 10 entries (each with a currency side and an
+//                            addressee), committed per batch of operations
+//   BM_PostMillionEntries    the same for 100,000 operations and 1,000,000 entries, once
+//   BM_SaveOperation20       one new operation of 20 entries, per save: p50 and p99
+//   BM_ReadOperation20       reading one operation of 20 entries back
+// Figures only: times, items_per_second and the percentile counters.
+#include "core/recordset.h"
+#include "host/objects/object_store.h"
+#include "host/objects/operation_kind.h"
+#include "host/storage/database.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QDate>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+using namespace orvo;
+using namespace orvo::host;
+
+namespace {
+
+struct Book {
+    QTemporaryDir dir;
+    DatabasePtr db;
+    ObjectKind kind = OperationKind(OperationPostingRules());
+
+    Book() {
+        OpenResult r =
+            Database::Open(dir.filePath(QStringLiteral("bench.orvo")), OpenMode::CreateIfMissing);
+        db = std::move(r.Db);
+        if (db)
+            db->Execute(QStringLiteral("PRAGMA synchronous = FULL"));
+    }
+};
+
+// A new operation of `entries` entries, as the data object hands it to the save.
+RecordsetPtr NewOperation(int entries, int serial) {
+    auto rs =
+        Recordset::Create(ObjectStore::RecordFields(OperationKind(OperationPostingRules()).Root));
+    rs->AddNew();
+    rs->SetField(QStringLiteral("OType"), QStringLiteral("O0201500"));
+    rs->SetField(QStringLiteral("DateD"), Value(QDate(2026, 1, 1).addDays(serial % 365)));
+    rs->SetField(QStringLiteral("BROperGroupID"), Value(qint32(serial % 20)));
+    rs->SetField(QStringLiteral("Number"), QString::number(serial));
+    rs->SetField(QStringLiteral("Comment"), QStringLiteral("Pirkimas iš tiekėjo"));
+    const RecordsetPtr br = rs->Field(QStringLiteral("BR")).toRecordset();
+    for (int e = 0; e < entries; ++e) {
+        br->AddNew();
+        const QString guid = QStringLiteral("{%1-%2}").arg(serial).arg(e);
+        br->SetField(QStringLiteral("GUID"), guid);
+        br->SetField(QStringLiteral("DateD"), rs->Field(QStringLiteral("DateD")));
+        br->SetField(QStringLiteral("SumA"), 92.0 + e);
+        br->SetField(QStringLiteral("AccountD"), QStringLiteral("2410"));
+        br->SetField(QStringLiteral("AccountC"), QStringLiteral("5000"));
+        br->SetField(QStringLiteral("Info"), QStringLiteral("Įrašas"));
+        br->SetField(QStringLiteral("RestoringSign"), Value(qint16(1)));
+        const RecordsetPtr cur = br->Field(QStringLiteral("BRCurrency")).toRecordset();
+        cur->AddNew();
+        cur->SetField(QStringLiteral("BRGUID"), guid);
+        cur->SetField(QStringLiteral("Sign"), Value(qint16(1)));
+        cur->SetField(QStringLiteral("RateCurr"), 0.92);
+        cur->SetField(QStringLiteral("SumCurr"), (92.0 + e) / 0.92);
+        cur->SetField(QStringLiteral("FCurrencyCode"), QStringLiteral("USD"));
+        cur->Update();
+        const RecordsetPtr props = br->Field(QStringLiteral("BRProperties")).toRecordset();
+        props->AddNew();
+        props->SetField(QStringLiteral("BRGUID"), guid);
+        props->SetField(QStringLiteral("Sign"), Value(qint16(1)));
+        props->SetField(QStringLiteral("FOIDR"), QStringLiteral("O000010042"));
+        props->SetField(QStringLiteral("ShowString"), QStringLiteral("UAB Ąžuolas"));
+        props->Update();
+        br->Update();
+    }
+    rs->Update();
+    return rs;
+}
+
+// Posts `operations` operations of 10 entries, committing every `batch` operations.
+void Post(benchmark::State& state, int operations, int batch) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        Book book;
+        if (!book.db) {
+            state.SkipWithError("no book");
+            return;
+        }
+        ObjectStore store(*book.db);
+        state.ResumeTiming();
+        for (int i = 0; i < operations; ++i) {
+            if (i % batch == 0)
+                book.db->Begin();
+            const BOResult r = store.Save(book.kind, 0, NewOperation(10, i), {});
+            if (!r.ok()) {
+                state.SkipWithError(r.Text.toStdString().c_str());
+                return;
+            }
+            if (i % batch == batch - 1 || i == operations - 1)
+                book.db->Commit();
+        }
+    }
+    state.counters["operations"] = operations;
+    state.counters["entries"] = operations * 10.0;
+    state.counters["batch_size"] = batch;
+    state.SetItemsProcessed(state.iterations() * operations * 10);
+    state.SetLabel("entries/s; commit per batch of " + std::to_string(batch) + " operations");
+}
+
+void BM_PostOperations(benchmark::State& state) {
+    Post(state, static_cast<int>(state.range(0)), 100);
+}
+BENCHMARK(BM_PostOperations)->Arg(2000)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void BM_PostMillionEntries(benchmark::State& state) {
+    Post(state, 100000, 100);
+}
+BENCHMARK(BM_PostMillionEntries)->Iterations(1)->Unit(benchmark::kSecond);
+
+double Percentile(std::vector<double> v, double p) {
+    if (v.empty())
+        return 0;
+    std::sort(v.begin(), v.end());
+    const size_t i = std::min(v.size() - 1, static_cast<size_t>(p * (v.size() - 1) + 0.5));
+    return v[i];
+}
+
+void BM_SaveOperation20(benchmark::State& state) {
+    Book book;
+    if (!book.db) {
+        state.SkipWithError("no book");
+        return;
+    }
+    ObjectStore store(*book.db);
+    std::vector<double> ms;
+    int serial = 0;
+    for (auto _ : state) {
+        const RecordsetPtr rs = NewOperation(20, serial++);
+        const auto start = std::chrono::steady_clock::now();
+        const BOResult r = store.Save(book.kind, 0, rs, {});
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+        state.SetIterationTime(took.count());
+        ms.push_back(took.count() * 1000);
+        if (!r.ok()) {
+            state.SkipWithError(r.Text.toStdString().c_str());
+            return;
+        }
+    }
+    state.counters["p50_ms"] = Percentile(ms, 0.50);
+    state.counters["p99_ms"] = Percentile(ms, 0.99);
+}
+BENCHMARK(BM_SaveOperation20)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+void BM_ReadOperation20(benchmark::State& state) {
+    Book book;
+    if (!book.db) {
+        state.SkipWithError("no book");
+        return;
+    }
+    ObjectStore store(*book.db);
+    const BOResult saved = store.Save(book.kind, 0, NewOperation(20, 1), {});
+    if (!saved.ok()) {
+        state.SkipWithError(saved.Text.toStdString().c_str());
+        return;
+    }
+    const qint64 id =
+        static_cast<qint64>(saved.Data.toRecordset()->Field(QStringLiteral("ID")).toDouble());
+    std::vector<double> ms;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        const BOResult r = store.Read(book.kind, id);
+        ms.push_back(
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() * 1000);
+        if (!r.ok()) {
+            state.SkipWithError(r.Text.toStdString().c_str());
+            return;
+        }
+        benchmark::DoNotOptimize(r.Data);
+    }
+    state.counters["p50_ms"] = Percentile(ms, 0.50);
+    state.counters["p99_ms"] = Percentile(ms, 0.99);
+}
+BENCHMARK(BM_ReadOperation20)->Unit(benchmark::kMicrosecond);
+
+} // namespace
