@@ -1,9 +1,11 @@
 #include "host/catalogues/currency_methods.h"
 
 #include "core/recordset.h"
+
 #include "host/catalogues/catalogue_kinds.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_context.h"
+#include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
 #include "host/storage/database.h"
 
@@ -21,13 +23,9 @@ FieldDefs currencyListFields() {
             FieldDef::Make(QStringLiteral("RateDate"), FieldType::Date)};
 }
 
-BOResult noBook(const QString& method) {
-    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
-}
-
 BOResult currencyList(MethodContext& ctx, const MethodArguments& args) {
     if (!ctx.database)
-        return noBook(QStringLiteral("GetCurrencyList"));
+        return NoBookResult(QStringLiteral("GetCurrencyList"));
     const QDate date = args.IsGiven(QStringLiteral("Date")) ? args.Date(QStringLiteral("Date"))
                                                             : QDate(9999, 12, 31);
     const QueryResult q = ctx.database->Query(
@@ -73,7 +71,7 @@ BOResult currencyList(MethodContext& ctx, const MethodArguments& args) {
 
 BOResult currencyByCode(MethodContext& ctx, const MethodArguments& args) {
     if (!ctx.database)
-        return noBook(QStringLiteral("GetCurrencyByCode"));
+        return NoBookResult(QStringLiteral("GetCurrencyByCode"));
     const QueryResult q = ctx.database->Query(
         QStringLiteral("SELECT ID, Code, Name, BaseCurrency FROM Currencies WHERE Code = ?"),
         {Value(args.Text(QStringLiteral("Code")).trimmed().toUpper())});
@@ -102,7 +100,7 @@ BOResult currencyByCode(MethodContext& ctx, const MethodArguments& args) {
 
 BOResult saveDayRate(MethodContext& ctx, const MethodArguments& args) {
     if (!ctx.database)
-        return noBook(QStringLiteral("SaveDayRate"));
+        return NoBookResult(QStringLiteral("SaveDayRate"));
     Database& db = *ctx.database;
     const QString code = args.Text(QStringLiteral("Code")).trimmed().toUpper();
     const double rate = args.Number(QStringLiteral("Rate"));

@@ -1,10 +1,12 @@
 #include "host/methods/account_locks.h"
 
 #include "core/recordset.h"
+
 #include "host/methods/account_chart.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
+#include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
 #include "host/storage/database.h"
 
@@ -16,10 +18,6 @@ const QDate kNoLock(1900, 1, 1);
 
 QString dotted(const QDate& d) {
     return d.toString(QStringLiteral("yyyy.MM.dd"));
-}
-
-BOResult noBook(const QString& method) {
-    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
 }
 
 bool isManager(MethodContext& ctx) {
@@ -154,7 +152,7 @@ ResultRecord RegisterAccountLockMethods(MethodRegistry& methods) {
                              "the locked ones. 1900-01-01 means no lock.");
     get.handler = [name = get.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         return getLocks(*ctx.database, args.Boolean(QStringLiteral("OnlyLocked")));
     };
 
@@ -170,7 +168,7 @@ ResultRecord RegisterAccountLockMethods(MethodRegistry& methods) {
                               "Only the manager may change DateToHigh.");
     save.handler = [name = save.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         QDate dates[2];
         const char* names[2] = {"DateToHigh", "DateToLow"};
         for (int i = 0; i < 2; ++i) {
@@ -198,7 +196,7 @@ ResultRecord RegisterAccountLockMethods(MethodRegistry& methods) {
                                "is on or before a lock date of the account for this user.");
     check.handler = [name = check.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const ResultRecord r = CheckAccountLock(*ctx.database, args.Text(QStringLiteral("Account")),
                                                 args.Date(QStringLiteral("Date")), isManager(ctx));
         return r.ok() ? BOResult::Of(Value(true)) : BOResult::Failure(r.Code, r.Text);

@@ -1,10 +1,12 @@
 #include "host/methods/account_record_methods.h"
 
 #include "host/methods/account_chart.h"
+
 #include "host/methods/account_entries_hook.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
+#include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
 #include "host/objects/object_store.h"
 #include "host/storage/database.h"
@@ -13,23 +15,12 @@ namespace orvo::host {
 
 namespace {
 
-BOResult noBook(const QString& method) {
-    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
-}
-
 BOResult refused(const QString& text) {
     return BOResult::Failure(codes::Refused, text);
 }
 
 BOResult storageFailed(const QString& text) {
     return BOResult::Failure(bo_codes::MethodFailed, text);
-}
-
-RecordsetPtr inputRecordset(const Value& input) {
-    if (RecordsetPtr rs = input.toRecordset())
-        return rs;
-    const ValueArray& arr = input.toArray();
-    return arr.isEmpty() ? nullptr : arr.first().toRecordset();
 }
 
 // The record number in "O0200401<ID>" or in a bare number; 0 when it is neither.
@@ -550,7 +541,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
                        "record.");
     get.handler = [name = get.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         if (oidr.size() < 9)
             return readRecord(*ctx.database, 0);
@@ -571,7 +562,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
                               "number is taken, 777 a rule of the chart is broken.");
     save.handler = [name = save.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         qint64 id = 0;
         if (oidr.size() >= 9) {
@@ -580,7 +571,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
                 return BOResult::Failure(
                     1, QStringLiteral("%1: „%2“ nėra sąskaitos nuoroda.").arg(name, oidr));
         }
-        return SaveAccountRecord(*ctx.database, id, inputRecordset(args.Input()));
+        return SaveAccountRecord(*ctx.database, id, InputRecordset(args.Input()));
     };
     list.append(save);
 
@@ -593,7 +584,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
                            "addressee kinds and lock.");
         del.handler = [name = del.name](MethodContext& ctx, const MethodArguments& args) {
             if (!ctx.database)
-                return noBook(name);
+                return NoBookResult(name);
             const qint64 id = idFromReference(args.Text(QStringLiteral("OIDR")));
             if (id == 0)
                 return BOResult::Failure(1, QStringLiteral("%1: „%2“ nėra sąskaitos nuoroda.")
@@ -612,7 +603,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
                                   "chart's account in Preview, From All lists the whole chart.");
         rows.handler = [name = rows.name](MethodContext& ctx, const MethodArguments& args) {
             if (!ctx.database)
-                return noBook(name);
+                return NoBookResult(name);
             return listRecords(*ctx.database, args.Text(QStringLiteral("OID")),
                                args.Text(QStringLiteral("From")), args.Text(QStringLiteral("To")));
         };
@@ -629,7 +620,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
                               "role, addressee kinds, lock and entries into it. Cannot be undone.");
     down.handler = [name = down.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const qint64 id = idFromReference(args.Text(QStringLiteral("ID")));
         if (id == 0)
             return refused(QStringLiteral("%1: „%2“ nėra sąskaitos numeris įraše.")

@@ -1,22 +1,20 @@
 #include "host/methods/accounts_methods.h"
 
 #include "core/recordset.h"
+
 #include "host/methods/account_chart.h"
 #include "host/methods/account_locks.h"
 #include "host/methods/account_record_methods.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
+#include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
 #include "host/storage/database.h"
 
 namespace orvo::host {
 
 namespace {
-
-BOResult noBook(const QString& method) {
-    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
-}
 
 BOResult failed(const QString& text) {
     return BOResult::Failure(bo_codes::MethodFailed, text);
@@ -220,7 +218,7 @@ MethodDefinition method(const QString& name, QVector<ParameterSpec> parameters, 
     m.doc = doc;
     m.handler = [name, body](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         return body(*ctx.database, args);
     };
     return m;

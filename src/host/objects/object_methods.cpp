@@ -1,34 +1,16 @@
 #include "host/objects/object_methods.h"
 
 #include "host/methods/method_arguments.h"
+
 #include "host/methods/method_context.h"
+#include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
 #include "host/objects/object_store.h"
 #include "host/storage/database.h"
 
 namespace orvo::host {
 
-namespace {
-
-BOResult noBook(const QString& method) {
-    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
-}
-
-// The position text of a list ("", "0", "25") as a number; anything else is 0.
-int position(const QString& text) {
-    bool ok = false;
-    const int n = text.trimmed().toInt(&ok);
-    return ok && n > 0 ? n : 0;
-}
-
-RecordsetPtr inputRecordset(const Value& input) {
-    if (RecordsetPtr rs = input.toRecordset())
-        return rs;
-    const ValueArray& arr = input.toArray();
-    return arr.isEmpty() ? nullptr : arr.first().toRecordset();
-}
-
-} // namespace
+namespace {} // namespace
 
 ResultRecord RegisterObjectMethods(MethodRegistry& methods, const ObjectKindRegistry& kinds) {
     for (const QString& code : kinds.Codes()) {
@@ -44,7 +26,7 @@ ResultRecord RegisterObjectMethods(MethodRegistry& methods, const ObjectKindRegi
                       .arg(code, kind->Title);
         get.handler = [kind, name = get.name](MethodContext& ctx, const MethodArguments& args) {
             if (!ctx.database)
-                return noBook(name);
+                return NoBookResult(name);
             ObjectStore store(*ctx.database);
             const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
             if (oidr.size() < 9)
@@ -69,8 +51,8 @@ ResultRecord RegisterObjectMethods(MethodRegistry& methods, const ObjectKindRegi
                 .arg(code);
         save.handler = [kind, name = save.name](MethodContext& ctx, const MethodArguments& args) {
             if (!ctx.database)
-                return noBook(name);
-            const RecordsetPtr rs = inputRecordset(args.Input());
+                return NoBookResult(name);
+            const RecordsetPtr rs = InputRecordset(args.Input());
             const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
             qint64 id = 0;
             if (oidr.size() >= 9) {
@@ -90,7 +72,7 @@ ResultRecord RegisterObjectMethods(MethodRegistry& methods, const ObjectKindRegi
         del.doc = QStringLiteral("Removes the record of %1 with its nested rows.").arg(code);
         del.handler = [kind, name = del.name](MethodContext& ctx, const MethodArguments& args) {
             if (!ctx.database)
-                return noBook(name);
+                return NoBookResult(name);
             const qint64 id = ObjectStore::IdFromOIDR(*kind, args.Text(QStringLiteral("OIDR")));
             if (id == 0)
                 return BOResult::Failure(1,
@@ -115,10 +97,10 @@ ResultRecord RegisterObjectMethods(MethodRegistry& methods, const ObjectKindRegi
                 .arg(code);
         list.handler = [kind, name = list.name](MethodContext& ctx, const MethodArguments& args) {
             if (!ctx.database)
-                return noBook(name);
+                return NoBookResult(name);
             ObjectStore store(*ctx.database);
-            return store.List(*kind, position(args.Text(QStringLiteral("From"))),
-                              position(args.Text(QStringLiteral("To"))));
+            return store.List(*kind, ListPosition(args.Text(QStringLiteral("From"))),
+                              ListPosition(args.Text(QStringLiteral("To"))));
         };
 
         for (const MethodDefinition* m : {&get, &save, &del, &list}) {

@@ -1,5 +1,6 @@
 #include "host/objects/object_store.h"
 
+#include "host/methods/method_helpers.h"
 #include "host/storage/database.h"
 #include "host/storage/money.h"
 
@@ -492,16 +493,7 @@ BOResult ObjectStore::List(const ObjectKind& kind, int from, int to) const {
     QString sql = QStringLiteral("SELECT ID, %1 AS \"Preview\" FROM %2 ORDER BY %3")
                       .arg(preview, kind.Root.Table.Name, order);
     ValueArray params;
-    const int offset = from > 1 ? from - 1 : 0;
-    if (to > 0) {
-        sql += QStringLiteral(" LIMIT ? OFFSET ?");
-        params << Value(qint32(qMax(0, to - offset))) << Value(qint32(offset));
-    } else if (offset > 0) {
-        sql += QStringLiteral(" LIMIT -1 OFFSET ?");
-        if (db_.Kind() == Backend::PostgreSQL)
-            sql.replace(QStringLiteral("LIMIT -1 "), QString());
-        params << Value(qint32(offset));
-    }
+    sql += PagingClause(db_, from, to, params);
     const QueryResult q = db_.Query(sql, params);
     if (!q.ok())
         return BOResult::Failure(1, q.Text);

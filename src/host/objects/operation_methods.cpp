@@ -1,7 +1,9 @@
 #include "host/objects/operation_methods.h"
 
 #include "host/methods/method_arguments.h"
+
 #include "host/methods/method_context.h"
+#include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
 #include "host/objects/object_store.h"
 #include "host/objects/operation_kind.h"
@@ -20,44 +22,30 @@ FieldDef typed(const char* name, FieldType type) {
     return FieldDef::Make(QString::fromLatin1(name), type);
 }
 
-BOResult noBook(const QString& method) {
-    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
-}
-
 BOResult notAReference(const QString& method, const QString& oidr) {
     return BOResult::Failure(
         1, QStringLiteral("%1: „%2“ nėra operacijos įrašo nuoroda.").arg(method, oidr));
 }
 
-int position(const QString& text) {
-    bool ok = false;
-    const int n = text.trimmed().toInt(&ok);
-    return ok && n > 0 ? n : 0;
-}
-
-RecordsetPtr inputRecordset(const Value& input) {
-    if (RecordsetPtr rs = input.toRecordset())
-        return rs;
-    const ValueArray& arr = input.toArray();
-    return arr.isEmpty() ? nullptr : arr.first().toRecordset();
-}
-
-// " LIMIT ? OFFSET ?" for 1-based positions `from`..`to` (0: open end) in both dialects.
-QString paging(Database& db, int from, int to, ValueArray& params) {
-    const int offset = from > 1 ? from - 1 : 0;
-    if (to > 0) {
-        params << Value(qint32(qMax(0, to - offset))) << Value(qint32(offset));
-        return QStringLiteral(" LIMIT ? OFFSET ?");
-    }
-    if (offset == 0)
-        return QString();
-    params << Value(qint32(offset));
-    return db.Kind() == Backend::PostgreSQL ? QStringLiteral(" OFFSET ?")
-                                            : QStringLiteral(" LIMIT -1 OFFSET ?");
-}
-
 RecordsetPtr listRecordset() {
     return Recordset::Create({text("OIDR", 30), text("OType", 20), text("Preview")});
+}
+
+// List rows OIDR, OType, Preview of operations read as ID, OType, DateD, Number, Comment.
+RecordsetPtr operationRows(const ObjectKind& kind, const QueryResult& q) {
+    RecordsetPtr out = listRecordset();
+    for (int i = 0; i < q.RowCount(); ++i) {
+        out->AddNew();
+        out->SetField(QStringLiteral("OIDR"),
+                      ObjectStore::OIDRFor(kind, static_cast<qint64>(q.At(i, 0).toDouble())));
+        out->SetField(QStringLiteral("OType"), q.At(i, 1).toString());
+        out->SetField(QStringLiteral("Preview"),
+                      OperationPreview(q.At(i, 2), q.At(i, 3).toString(), q.At(i, 4).toString()));
+        out->Update();
+    }
+    out->AcceptChanges();
+    out->MoveFirst();
+    return out;
 }
 
 // The demands of every entry's accounts, as the RequiredAddr rows of the entry.
@@ -109,7 +97,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                              "blank operation of that kind. An entry's OIDR reads its operation.");
     get.handler = [kind, rules, name = get.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         ObjectStore store(*ctx.database);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         if (oidr.size() < 9)
@@ -139,7 +127,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
     save.handler = [kind, actor, name = save.name](MethodContext& ctx,
                                                    const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         qint64 id = 0;
         if (oidr.size() >= 9) {
@@ -148,7 +136,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                 return notAReference(name, oidr);
         }
         ObjectStore store(*ctx.database);
-        return store.Save(*kind, id, inputRecordset(args.Input()), actor);
+        return store.Save(*kind, id, InputRecordset(args.Input()), actor);
     };
     defs.append(save);
 
@@ -159,7 +147,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                              "addressees; the change log keeps the deletion.");
     del.handler = [kind, actor, name = del.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         const qint64 id = ObjectStore::IdFromOIDR(*kind, oidr);
         if (id == 0)
@@ -183,7 +171,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                               "a time.");
     list.handler = [kind, name = list.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         Database& db = *ctx.database;
         const QString oid = args.Text(QStringLiteral("OID")).trimmed();
         ValueArray params;
@@ -199,25 +187,12 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
         }
         QString sql = QStringLiteral("SELECT ID, OType, DateD, Number, Comment FROM BROpers") +
                       where + QStringLiteral(" ORDER BY DateD, ID");
-        sql += paging(db, position(args.Text(QStringLiteral("From"))),
-                      position(args.Text(QStringLiteral("To"))), params);
+        sql += PagingClause(db, ListPosition(args.Text(QStringLiteral("From"))),
+                            ListPosition(args.Text(QStringLiteral("To"))), params);
         const QueryResult q = db.Query(sql, params);
         if (!q.ok())
             return BOResult::Failure(1, q.Text);
-        RecordsetPtr out = listRecordset();
-        for (int i = 0; i < q.RowCount(); ++i) {
-            out->AddNew();
-            out->SetField(QStringLiteral("OIDR"),
-                          ObjectStore::OIDRFor(*kind, static_cast<qint64>(q.At(i, 0).toDouble())));
-            out->SetField(QStringLiteral("OType"), q.At(i, 1).toString());
-            out->SetField(
-                QStringLiteral("Preview"),
-                OperationPreview(q.At(i, 2), q.At(i, 3).toString(), q.At(i, 4).toString()));
-            out->Update();
-        }
-        out->AcceptChanges();
-        out->MoveFirst();
-        return BOResult::Of(Value(out));
+        return BOResult::Of(Value(operationRows(*kind, q)));
     };
     defs.append(list);
 
@@ -230,7 +205,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                                "the operation. Rows OIDR, OType, Preview: none when neither.");
     owner.handler = [kind, name = owner.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         const qint64 id = ObjectStore::IdFromOIDR(*kind, oidr);
         if (id == 0)
@@ -241,20 +216,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
             {Value(double(id)), Value(double(id))});
         if (!q.ok())
             return BOResult::Failure(1, q.Text);
-        RecordsetPtr out = listRecordset();
-        for (int i = 0; i < q.RowCount(); ++i) {
-            out->AddNew();
-            out->SetField(QStringLiteral("OIDR"),
-                          ObjectStore::OIDRFor(*kind, static_cast<qint64>(q.At(i, 0).toDouble())));
-            out->SetField(QStringLiteral("OType"), q.At(i, 1).toString());
-            out->SetField(
-                QStringLiteral("Preview"),
-                OperationPreview(q.At(i, 2), q.At(i, 3).toString(), q.At(i, 4).toString()));
-            out->Update();
-        }
-        out->AcceptChanges();
-        out->MoveFirst();
-        return BOResult::Of(Value(out));
+        return BOResult::Of(Value(operationRows(*kind, q)));
     };
     defs.append(owner);
 
@@ -267,7 +229,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                              "(Sukurta, Pakeista, Panaikinta).");
     log.handler = [kind, name = log.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         const qint64 id = ObjectStore::IdFromOIDR(*kind, oidr);
         if (id == 0)
@@ -314,7 +276,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                                  "and FOIDR.");
     related.handler = [kind, name = related.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QString oidr = args.Text(QStringLiteral("OIDR")).trimmed();
         const qint64 id = ObjectStore::IdFromOIDR(*kind, oidr);
         if (id == 0)
@@ -371,7 +333,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
                                    "0 for a group without any.");
     maxNumber.handler = [name = maxNumber.name](MethodContext& ctx, const MethodArguments& args) {
         if (!ctx.database)
-            return noBook(name);
+            return NoBookResult(name);
         const QueryResult q = ctx.database->Query(
             QStringLiteral("SELECT COALESCE(MAX(AutoNumber), 0) FROM BROpers WHERE "
                            "BROperGroupID = ?"),

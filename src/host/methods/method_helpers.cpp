@@ -1,0 +1,38 @@
+#include "host/methods/method_helpers.h"
+
+#include "host/storage/database.h"
+
+namespace orvo::host {
+
+BOResult NoBookResult(const QString& method) {
+    return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
+}
+
+RecordsetPtr InputRecordset(const Value& input) {
+    if (RecordsetPtr rs = input.toRecordset())
+        return rs;
+    const ValueArray& arr = input.toArray();
+    return arr.isEmpty() ? nullptr : arr.first().toRecordset();
+}
+
+int ListPosition(const QString& text) {
+    bool ok = false;
+    const int n = text.trimmed().toInt(&ok);
+    return ok && n > 0 ? n : 0;
+}
+
+QString PagingClause(const Database& db, int from, int to, ValueArray& params) {
+    const int offset = from > 1 ? from - 1 : 0;
+    if (to > 0) {
+        params << Value(qint32(qMax(0, to - offset))) << Value(qint32(offset));
+        return QStringLiteral(" LIMIT ? OFFSET ?");
+    }
+    if (offset == 0)
+        return QString();
+    params << Value(qint32(offset));
+    // SQLite wants a LIMIT before an OFFSET; PostgreSQL takes OFFSET alone.
+    return db.Kind() == Backend::PostgreSQL ? QStringLiteral(" OFFSET ?")
+                                            : QStringLiteral(" LIMIT -1 OFFSET ?");
+}
+
+} // namespace orvo::host

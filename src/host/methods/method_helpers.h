@@ -1,0 +1,24 @@
+// Small pieces every group of business-object methods needs, kept in one place: the
+// refusal of a method that needs a book when the session has none, the recordset a
+// storing method was handed, and the paging of lists by 1-based positions.
+#pragma once
+
+#include "core/recordset.h"
+#include "core/results.h"
+
+namespace orvo::host {
+
+class Database;
+
+// "<method>: knyga neatidaryta." with a non-zero code.
+BOResult NoBookResult(const QString& method);
+// The recordset handed in with a call: the value itself, or the first of an array (a
+// data object's save may hand over its recordset with two more).
+RecordsetPtr InputRecordset(const Value& input);
+// A list position text ("", "0", "25") as a number; anything else is 0.
+int ListPosition(const QString& text);
+// " LIMIT ? OFFSET ?" (or its open-ended form) for positions `from`..`to`, 0 meaning
+// from the start / to the end, in the book's dialect; appends the parameters.
+QString PagingClause(const Database& db, int from, int to, ValueArray& params);
+
+} // namespace orvo::host
