@@ -2,6 +2,7 @@
 
 #include "frame/security_header.h"
 #include "host/catalogues/catalogue_kinds.h"
+#include "host/demo/demo_chart.h"
 #include "host/demo/demo_data.h"
 #include "host/demo/demo_rate_series.h"
 #include "host/storage/database.h"
@@ -324,6 +325,9 @@ ResultRecord CreateDemoBook(Database& db, const QDate& today) {
     if (r = writeAccounts(db, ids); !r.ok())
         return r;
     if (r = writeUsers(db, ids); !r.ok())
+        return r;
+    // The demo firm keeps its books on the demo chart of accounts.
+    if (r = CreateDemoChart(db); !r.ok())
         return r;
     return tx.Commit();
 }
