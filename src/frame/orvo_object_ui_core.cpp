@@ -13,7 +13,7 @@ RecordsetPtr OrvoObjectUICore::GetOrvoObjectList(const QString& oid, const QStri
         OrvoObjectUIOCore::MethodName(code_, QStringLiteral("GetOrvoObjectList"));
     if (!bo_) {
         last_ = ResultRecord::Failure(codes::RefusedNoWarning,
-                                      method + QStringLiteral(": no business object"));
+                                      method + QStringLiteral(": knyga neatidaryta."));
         return nullptr;
     }
     BOResult r;
@@ -31,7 +31,7 @@ bool OrvoObjectUICore::DeleteOrvoObject(const QString& oid) {
     const QString method = OrvoObjectUIOCore::MethodName(code_, QStringLiteral("DeleteOrvoObject"));
     if (!bo_) {
         last_ = ResultRecord::Failure(codes::RefusedNoWarning,
-                                      method + QStringLiteral(": no business object"));
+                                      method + QStringLiteral(": knyga neatidaryta."));
         return false;
     }
     BOResult r;

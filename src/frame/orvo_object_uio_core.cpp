@@ -15,7 +15,7 @@ QString quoted(const QString& text) {
 
 ResultRecord noBusinessObject(const QString& method) {
     return ResultRecord::Failure(codes::RefusedNoWarning,
-                                 method + QStringLiteral(": no business object"));
+                                 method + QStringLiteral(": knyga neatidaryta."));
 }
 
 } // namespace
@@ -89,7 +89,7 @@ ResultRecord OrvoObjectUIOCore::Read() {
     const RecordsetPtr rs = r.Data.toRecordset();
     if (!rs)
         return ResultRecord::Failure(codes::RefusedNoWarning,
-                                     method + QStringLiteral(": no record came back"));
+                                     method + QStringLiteral(": įrašas negautas."));
     rs_ = rs;
     if (rs_->RecordCount() > 0)
         rs_->MoveFirst();
@@ -108,7 +108,7 @@ ResultRecord OrvoObjectUIOCore::Save(const Value& rs2, const Value& rs3) {
         return noBusinessObject(method);
     if (!rs_)
         return ResultRecord::Failure(codes::RefusedNoWarning,
-                                     method + QStringLiteral(": the object has not been read"));
+                                     method + QStringLiteral(": objektas dar neperskaitytas."));
     BOResult r;
     if (rs2.isNull() && rs3.isNull())
         r.Data = Value(rs_);

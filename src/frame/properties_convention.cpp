@@ -30,7 +30,7 @@ ValueResult PropertiesConvention::Query(BusinessObject* bo, const QString& name,
                                         const QString& parameters) const {
     if (!bo)
         return Refuse(codes::RefusedNoWarning,
-                      QStringLiteral("Query ") + name + QStringLiteral(": no business object"));
+                      QStringLiteral("Užklausa ") + name + QStringLiteral(": knyga neatidaryta."));
     BOResult r;
     bo->Run(MethodFor(name), ParameterTextFor(name, parameters), QString(), r);
     if (r.Code != 0)
