@@ -75,15 +75,8 @@ ValueResult EntryCommands::AddBR(const ValueArray& parameters) {
     CommandParameters p(parameters);
     const QString accountD = p.Text(0);
     const QString accountC = p.Text(1);
-    EntrySides sides;
-    sides.Sum = p.Double(2);
+    EntrySides sides = EntrySides::FromParameters(p, 2);
     const ValueArray addressees = p.Array(3);
-    sides.Sign = p.Int16(4);
-    sides.CurrD = p.Text(5);
-    sides.RateD = p.Double(6);
-    sides.SumC = p.Double(7);
-    sides.CurrC = p.Text(8);
-    sides.RateC = p.Double(9);
     const QString info = p.Text(10);
     const QString tag = p.Text(11);
     const QString date = p.Text(12);
@@ -150,15 +143,8 @@ ValueResult EntryCommands::AddBR(const ValueArray& parameters) {
 ValueResult EntryCommands::AddTemplate(const ValueArray& parameters) {
     CommandParameters p(parameters);
     const qint32 templateId = p.Int32(0);
-    EntrySides sides;
-    sides.Sum = p.Double(1);
+    EntrySides sides = EntrySides::FromParameters(p, 1);
     const ValueArray addressees = p.Array(2);
-    sides.Sign = p.Int16(3);
-    sides.CurrD = p.Text(4);
-    sides.RateD = p.Double(5);
-    sides.SumC = p.Double(6);
-    sides.CurrC = p.Text(7);
-    sides.RateC = p.Double(8);
     const qint16 tradeOperationType = p.Int16(9);
     const double vatTariff = p.Double(10);
     const qint16 restoringSign = p.Int16(11, 1);

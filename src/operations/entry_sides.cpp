@@ -3,6 +3,7 @@
 #include "core/rounding.h"
 #include "frame/methods_convention.h"
 #include "model/operation_record.h"
+#include "operations/command_parameters.h"
 
 namespace orvo {
 
@@ -158,6 +159,18 @@ void EntrySides::WriteProperties(const RecordsetPtr& brProperties, const QString
                    Value(showString.left(OperationRecord::ShowStringSize)), failure);
         brProperties->Update();
     }
+}
+
+EntrySides EntrySides::FromParameters(CommandParameters& p, int first) {
+    EntrySides sides;
+    sides.Sum = p.Double(first);
+    sides.Sign = p.Int16(first + 2);
+    sides.CurrD = p.Text(first + 3);
+    sides.RateD = p.Double(first + 4);
+    sides.SumC = p.Double(first + 5);
+    sides.CurrC = p.Text(first + 6);
+    sides.RateC = p.Double(first + 7);
+    return sides;
 }
 
 } // namespace orvo

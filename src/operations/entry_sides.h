@@ -14,6 +14,8 @@
 
 namespace orvo {
 
+class CommandParameters;
+
 class EntrySides {
 public:
     double Sum = 0;
@@ -26,6 +28,11 @@ public:
 
     // Three letters that are not three blanks.
     static bool IsCurrency(const QString& code);
+
+    // The sides as AddBR and AddTemplate take them by position: the sum at `first`, the
+    // addressee array after it (read by the caller), then Sign, CurrD, RateD, SumC, CurrC
+    // and RateC.
+    static EntrySides FromParameters(CommandParameters& p, int first);
 
     // The base sum: from the debit side's currency when RateD > 0, else from the credit
     // side's when SumC > 0, else Sum itself; each by the base-sum rounding.
