@@ -2,6 +2,7 @@
 
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
+#include "host/storage/groups_schema.h"
 #include "host/storage/operations_schema.h"
 
 namespace orvo::host {
@@ -13,6 +14,7 @@ const QVector<Migration>& Migrations() {
         CatalogueMigration(),
         AccountsMigration(),
         OperationsMigration(),
+        GroupsMigration(),
     };
     return list;
 }
