@@ -15,7 +15,7 @@ PACKAGES=(
   libpq-dev postgresql
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-dejavu-core zlib1g-dev
-  xvfb xauth poppler-utils
+  xvfb xauth poppler-utils unzip
 )
 
 missing=()
