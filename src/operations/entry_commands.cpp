@@ -3,11 +3,13 @@
 #include "core/null_readers.h"
 #include "core/rounding.h"
 #include "core/today.h"
+#include "frame/catalogue_addressees.h"
 #include "frame/catalogue_data_access.h"
 #include "frame/catalogue_recordsets.h"
 #include "frame/methods_convention.h"
 #include "frame/orvo_s.h"
 #include "frame/orvo_services.h"
+#include "model/operation_record.h"
 #include "operations/command_parameters.h"
 #include "operations/entry_sides.h"
 #include "operations/form_access.h"
@@ -31,6 +33,48 @@ RecordsetPtr lineDemands(const RecordsetPtr& lines) {
             return rs;
     }
     return nullptr;
+}
+
+// Lays on a new entry the addressees its template line demands and the caller did not
+// give: a fixed addressee (FOIDR) of the line is taken as it stands, and for a demand of
+// a kind only the user is asked through the object picker. A demand already met by a
+// given addressee of that side and kind asks nothing.
+void layTemplateAddressees(const RecordsetPtr& properties, const QString& guid,
+                           const RecordsetPtr& demands, MaybeFailure& failure) {
+    if (!properties || !demands)
+        return;
+    for (demands->MoveFirst(); !demands->Eof() && !failure; demands->MoveNext()) {
+        const qint16 sign = NzInt(demands->Field(QStringLiteral("Sign"))) == 1 ? 1 : -1;
+        const QString foid = NzString(demands->Field(QStringLiteral("FOID"))).trimmed();
+        if (foid.isEmpty())
+            continue;
+        bool met = false;
+        for (properties->MoveFirst(); !properties->Eof() && !met; properties->MoveNext())
+            met = NzInt(properties->Field(QStringLiteral("Sign"))) == sign &&
+                  NzString(properties->Field(QStringLiteral("FOIDR"))).left(8) == foid.left(8);
+        if (met)
+            continue;
+        QString foidr = NzString(demands->Field(QStringLiteral("FOIDR"))).trimmed();
+        QString shown = NzString(demands->Field(QStringLiteral("ShowString")));
+        if (foidr.size() <= 8) {
+            const QString picked = Catalogue::SelectAddressee(
+                foid, Catalogue::AddresseeDialogTitle(foid), QString(), QString());
+            const int underscore = picked.indexOf(QLatin1Char('_'));
+            foidr = underscore < 0 ? picked : picked.left(underscore);
+            shown = underscore < 0 ? QString() : picked.mid(underscore + 1);
+        }
+        // Nothing picked: the entry stays without it, and the save names what is missing.
+        if (foidr.size() <= 8)
+            continue;
+        properties->AddNew();
+        WriteField(properties, QStringLiteral("BRGUID"), Value(guid), failure);
+        WriteField(properties, QStringLiteral("Sign"), Value(sign), failure);
+        WriteField(properties, QStringLiteral("FOIDR"), Value(foidr), failure);
+        WriteField(properties, QStringLiteral("ShowString"),
+                   Value((shown.isEmpty() ? foidr : shown).left(OperationRecord::ShowStringSize)),
+                   failure);
+        properties->Update();
+    }
 }
 
 } // namespace
@@ -228,6 +272,9 @@ ValueResult EntryCommands::AddTemplate(const ValueArray& parameters) {
         if (!failure)
             EntrySides::WriteProperties(NestedOf(br, QStringLiteral("BRProperties"), failure), guid,
                                         addressees, UIO0201500::GetRequiredAddr(required), failure);
+        if (!failure)
+            layTemplateAddressees(NestedOf(br, QStringLiteral("BRProperties"), failure), guid,
+                                  lineDemands(lines), failure);
     }
     if (failure)
         return failure->ToResult();

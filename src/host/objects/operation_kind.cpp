@@ -131,8 +131,11 @@ ResultRecord checkEntries(Database& db, const OperationPostingRules& rules, Reco
         const QString credit = textAt(*br, i, "AccountC").trimmed();
         if (rules.AccountKnown) {
             for (const QString& account : {debit, credit}) {
-                if (account.isEmpty() || account == QLatin1String("0") ||
-                    !rules.AccountKnown(db, account)) {
+                // "0" is no account of the chart but the opening balances, which an
+                // entry may be posted against.
+                if (account == QLatin1String("0"))
+                    continue;
+                if (account.isEmpty() || !rules.AccountKnown(db, account)) {
                     result =
                         refusal(QStringLiteral("Klaidinga balansinės sąskaitos reikšmė!"), *br, i);
                     return;

@@ -9,6 +9,7 @@
 #include "host/methods/accounts_methods.h"
 #include "host/methods/host_business_object.h"
 #include "host/methods/system_methods.h"
+#include "host/methods/template_methods.h"
 #include "host/objects/object_methods.h"
 #include "host/objects/object_store.h"
 #include "host/objects/operation_methods.h"
@@ -115,7 +116,8 @@ SessionResult HostSession::Open(const QString& location, OpenMode mode, const QS
     s->methods_ = std::make_shared<MethodRegistry>();
     for (const ResultRecord& r :
          {RegisterSystemMethods(*s->methods_), RegisterObjectMethods(*s->methods_, *s->kinds_),
-          RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_)})
+          RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_),
+          RegisterTemplateMethods(*s->methods_)})
         if (!r.ok())
             return {r.Code, r.Text, nullptr};
     const ResultRecord operations =
