@@ -24,7 +24,7 @@ TEST_P(DemoChartTest, DemoChartHoldsEveryRole) {
     const QStringList rows = Rows(Call(QStringLiteral("GetPresetAccounts")).Data.toRecordset(),
                                   {QStringLiteral("Code"), QStringLiteral("Account")});
     for (const char* row : {"2710|2711", "2720|2720", "240|2410", "220|2420", "450|4430",
-                            "460|4480", "39|3420", "536|5803", "636|6803"})
+                            "460|4480", "39|340", "536|5803", "636|6803"})
         EXPECT_TRUE(rows.contains(QString::fromLatin1(row))) << row;
 }
 
@@ -60,7 +60,7 @@ TEST_P(DemoChartTest, DemoAccountsFollowTheNumberingRule) {
         ++children;
     }
     EXPECT_GT(children, 15);
-    EXPECT_EQ(Rows(Call(QStringLiteral("GetAccount"), QStringLiteral("'3420'")).Data.toRecordset(),
+    EXPECT_EQ(Rows(Call(QStringLiteral("GetAccount"), QStringLiteral("'340'")).Data.toRecordset(),
                    {QStringLiteral("Name"), QStringLiteral("Type")}),
               QStringList{QStringLiteral("Nepaskirstytasis pelnas|K")});
 }
