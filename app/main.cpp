@@ -1,21 +1,35 @@
 // orvo-apskaita: the desktop application. It opens a book (an SQLite file or a
 // PostgreSQL connection string; with none, the demo book in the user's data folder,
-// created with demo data on first start) for a user, and shows what it opened. The
-// windows of the desktop are built on this same session.
-#include "core/number_text.h"
-#include "core/recordset.h"
+// created with demo data on first start) for a user and shows the main window: the
+// host's tree on the left, the desktop of open forms on the right.
+//
+// With --screenshot FILE it renders the main window offscreen into a PNG and ends,
+// which is how the look of the program is checked without a screen; --form NAME puts a
+// registered form, on a demo object, on the desktop first.
+#include "accounts/account_registration.h"
 #include "core/today.h"
-#include "frame/orvo_constants_service.h"
+#include "frame/object_registry.h"
+#include "frame/orvo_object_ui.h"
+#include "frame/orvo_objects_service.h"
 #include "frame/orvo_services.h"
 #include "host/demo/demo_book.h"
+#include "host/script/plain_navigators.h"
 #include "host/session/host_session.h"
+#include "operations/operation_registration.h"
+#include "ui/services/dialog_driver.h"
+#include "ui/shell/desktop_forms.h"
+#include "ui/shell/host_tree.h"
+#include "ui/shell/main_window.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
-#include <QCoreApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QStandardPaths>
 #include <QTextStream>
+#include <cstring>
 
 using namespace orvo;
 using namespace orvo::host;
@@ -32,21 +46,59 @@ QString defaultBook() {
 int createDemoBook(const QString& location, QTextStream& err) {
     OpenResult created = Database::Open(location, OpenMode::CreateIfMissing);
     if (!created.ok()) {
-        err << created.Text << '\n';
+        err << created.Text << Qt::endl;
         return 1;
     }
     const ResultRecord demo = CreateDemoBook(*created.Db, Today());
     if (!demo.ok()) {
-        err << demo.Text << '\n';
+        err << demo.Text << Qt::endl;
         return 1;
     }
     return 0;
 }
 
+// The classes of every subsystem, registered once before the book is opened.
+void registerClasses() {
+    RegisterOperationClasses();
+    RegisterAccountClasses();
+    HostSession::RegisterCatalogueClasses();
+    RegisterPlainNavigators();
+}
+
+// The object a form is shown on for a picture: the first operation of the book, or a
+// new one when the book has none.
+OrvoObjectUIOPtr demoObject(HostSession& session) {
+    const OrvoObjectsServicePtr objects = session.Services()->ObjectsService();
+    const QString kind = QStringLiteral("O0201500");
+    if (const OrvoObjectUIPtr navigator = objects->GetObjectUI(kind)) {
+        const RecordsetPtr rows =
+            navigator->GetOrvoObjectList(kind, QStringLiteral("1"), QStringLiteral("1"));
+        if (rows && rows->RecordCount() > 0) {
+            rows->MoveFirst();
+            if (const OrvoObjectUIOPtr stored =
+                    objects->GetObjectUIO(rows->Field(QStringLiteral("OIDR")).toString()))
+                return stored;
+        }
+    }
+    return objects->GetObjectUIO(kind);
+}
+
+bool wantsScreenshot(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp(argv[i], "--screenshot") == 0 ||
+            std::strncmp(argv[i], "--screenshot=", 13) == 0)
+            return true;
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
+    const bool screenshot = wantsScreenshot(argc, argv);
+    // A picture needs no screen: it is drawn offscreen unless a platform was chosen.
+    if (screenshot && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orvo-apskaita"));
     QTextStream out(stdout);
     QTextStream err(stderr);
@@ -58,7 +110,22 @@ int main(int argc, char** argv) {
                                  QStringLiteral("Knygos failas arba postgresql://… ryšio eilutė"));
     parser.addOption({QStringLiteral("user"), QStringLiteral("Naudotojo prisijungimo vardas"),
                       QStringLiteral("login")});
+    parser.addOption({QStringLiteral("screenshot"),
+                      QStringLiteral("Nupiešti pagrindinį langą į PNG failą ir baigti"),
+                      QStringLiteral("failas")});
+    parser.addOption({QStringLiteral("form"),
+                      QStringLiteral("Su --screenshot: parodyti šį langą ant darbo stalo"),
+                      QStringLiteral("langas")});
     parser.process(app);
+
+    const QString formName = parser.value(QStringLiteral("form"));
+    if (!formName.isEmpty() && !screenshot) {
+        err << "--form naudojamas tik su --screenshot." << Qt::endl;
+        return 2;
+    }
+    // Without a screen nobody answers a box: every dialog is closed as cancelled.
+    if (screenshot)
+        ui::DialogDriver::Set([](QDialog&) {});
 
     QString location = parser.positionalArguments().value(0);
     if (location.isEmpty()) {
@@ -70,38 +137,42 @@ int main(int argc, char** argv) {
         }
     }
 
+    registerClasses();
     SessionResult opened =
         HostSession::Open(location, OpenMode::Existing, parser.value(QStringLiteral("user")));
     if (!opened.ok()) {
-        err << opened.Text << '\n';
+        err << opened.Text << Qt::endl;
+        if (!screenshot)
+            QMessageBox::critical(nullptr, QStringLiteral("Orvo Apskaita"), opened.Text);
         return 1;
     }
     HostSession& session = *opened.Session;
-    const OrvoConstantsServicePtr constants = session.Services()->Constants();
-    out << constants->Title() << '\n';
-    out << "Knyga: " << Database::DisplayLocation(location) << " (" << session.Db().BackendName()
-        << ")\n";
-    out << "Naudotojas: " << session.User().Name << " (" << session.User().Code << ")\n";
-    if (const RecordsetPtr firm = constants->MyFirm())
-        out << "Įmonė: " << firm->Field(QStringLiteral("Name")).toString() << '\n';
-    out << "Bazinė valiuta: " << constants->GetConstant(QStringLiteral("BaseCurrency")).toString()
-        << '\n';
-    const BOResult rates = session.BO()->Call(
-        QStringLiteral("GetCurrencyList"),
-        QStringLiteral("'") + Today().toString(QStringLiteral("yyyy.MM.dd")) + QStringLiteral("'"));
-    if (const RecordsetPtr rs = rates.Data.toRecordset()) {
-        for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) {
-            if (rs->Field(QStringLiteral("BaseCurrency")).toInt32() == 1)
-                continue;
-            out << "  " << rs->Field(QStringLiteral("Code")).toString() << ' '
-                << FormatNumberLt(rs->Field(QStringLiteral("CurrencyRate")).toDouble(), 4)
-                << " už 1 " << constants->GetConstant(QStringLiteral("BaseCurrency")).toString()
-                << " ("
-                << rs->Field(QStringLiteral("RateDate"))
-                       .toDate()
-                       .toString(QStringLiteral("yyyy-MM-dd"))
-                << ")\n";
+
+    int code = 0;
+    {
+        ui::MainWindow window(session);
+        if (!screenshot) {
+            window.show();
+            code = app.exec();
+        } else {
+            if (!formName.isEmpty()) {
+                if (!window.Services().Forms->Registry()->Has(formName)) {
+                    err << ui::DeskTopForms::MissingFormText(formName) << Qt::endl;
+                    return 1;
+                }
+                window.OpenForm(formName, demoObject(session));
+            } else if (QTreeWidgetItem* chart =
+                           window.Tree()->NodeByTitle(QStringLiteral("Sąskaitų planas"))) {
+                // The picture shows one list opened, so that it shows what the tree holds.
+                chart->setExpanded(true);
+            }
+            const QString file = parser.value(QStringLiteral("screenshot"));
+            if (!window.SaveScreenshot(file)) {
+                err << "Nepavyko įrašyti paveikslo: " << file << Qt::endl;
+                return 1;
+            }
+            out << file << Qt::endl;
         }
     }
-    return 0;
+    return code;
 }

@@ -10,7 +10,7 @@ EXTRA=("$@")
 
 PACKAGES=(
   build-essential cmake ninja-build ccache pkg-config git
-  qt6-base-dev qt6-base-dev-tools libgl-dev
+  qt6-base-dev qt6-base-dev-tools qt6-pdf-dev libgl-dev
   libsqlite3-dev sqlite3
   libpq-dev postgresql
   libgtest-dev libgmock-dev googletest libbenchmark-dev

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/object_base.h"
+#include "frame/file_dialogs.h"
 #include "frame/forms.h"
 #include "frame/inputs.h"
 #include "frame/messages.h"
@@ -15,6 +16,7 @@
 #include "frame/orvo_settings_service.h"
 #include "frame/orvo_shell_service.h"
 #include "frame/pickers.h"
+#include "frame/print_preview.h"
 
 #include <memory>
 
@@ -34,6 +36,8 @@ public:
     PickersPtr PickersService() const { return pickers_; }
     InputsPtr InputsService() const { return inputs_; }
     FormsPtr FormsService() const { return forms_; }
+    FileDialogsPtr FileDialogsService() const { return fileDialogs_; }
+    PrintPreviewPtr PrintPreviewService() const { return printPreview_; }
 
     // The constants of the session, or null without a session.
     OrvoConstantsServicePtr Constants() const;
@@ -48,6 +52,8 @@ public:
     void SetPickersService(PickersPtr s) { pickers_ = std::move(s); }
     void SetInputsService(InputsPtr s) { inputs_ = std::move(s); }
     void SetFormsService(FormsPtr s) { forms_ = std::move(s); }
+    void SetFileDialogsService(FileDialogsPtr s) { fileDialogs_ = std::move(s); }
+    void SetPrintPreviewService(PrintPreviewPtr s) { printPreview_ = std::move(s); }
 
 private:
     OrvoObjectsServicePtr objects_;
@@ -60,6 +66,8 @@ private:
     PickersPtr pickers_;
     InputsPtr inputs_;
     FormsPtr forms_;
+    FileDialogsPtr fileDialogs_;
+    PrintPreviewPtr printPreview_;
 };
 
 using OrvoServicesPtr = std::shared_ptr<OrvoServices>;

@@ -1,0 +1,41 @@
+// QtPickers is the desktop's object and group picker: it reads the objects of the kinds
+// asked for through their navigators (the same lists the tree shows), narrows them by
+// the caller's filter, and lets the user choose in an ObjectPickerDialog. The answer is
+// the chosen object's OIDR, "_" and its text (the value of the named field, or the
+// object's own preview), or empty when nothing was chosen.
+#pragma once
+
+#include "frame/orvo_objects_service.h"
+#include "frame/pickers.h"
+#include "ui/services/object_picker_dialog.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace orvo::ui {
+
+class QtPickers : public Pickers {
+public:
+    explicit QtPickers(OrvoObjectsServicePtr objects, QWidget* parent = nullptr)
+        : objects_(std::move(objects)), parent_(parent) {}
+
+    QString PickObject(const QString& kinds, const QString& title, const QString& field,
+                       const QString& filter) override;
+    QString PickGroup(const QString& code, const QString& title) override;
+
+    void SetParent(QWidget* parent) { parent_ = parent; }
+
+    // The rows the picker offers for the kinds and filter, in list order.
+    QList<ObjectPickerDialog::Entry> ObjectEntries(const QString& kinds, const QString& field,
+                                                   const QString& filter) const;
+    QList<ObjectPickerDialog::Entry> GroupEntries(const QString& code) const;
+
+private:
+    QString run(const QString& title, const QList<ObjectPickerDialog::Entry>& entries,
+                const QString& field);
+
+    OrvoObjectsServicePtr objects_;
+    QPointer<QWidget> parent_;
+};
+
+} // namespace orvo::ui
