@@ -533,6 +533,40 @@ TEST_P(DemoBookTest, InvalidDateIsRefused) {
     EXPECT_EQ(CountAll(), before);
 }
 
+TEST_P(DemoBookTest, DemoTemplatesPostToTheDemoChartAndDemandTheFirm) {
+    Create();
+    EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BRTemplates WHERE GroupFlag <> 0")), 2);
+    EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BRTemplates WHERE GroupFlag = 0")), 7);
+    // Every account of every line stands in the chart, the opening balances' 0 aside.
+    EXPECT_EQ(Count(QStringLiteral(
+                  "SELECT COUNT(*) FROM BRTemplateAcc t WHERE (t.AccountD <> '0' AND NOT EXISTS "
+                  "(SELECT 1 FROM Accounts a WHERE a.Account = t.AccountD AND a.GroupFlag = 0)) "
+                  "OR (t.AccountC <> '0' AND NOT EXISTS (SELECT 1 FROM Accounts a WHERE "
+                  "a.Account = t.AccountC AND a.GroupFlag = 0))")),
+              0);
+    // The sale: the net sum to sales, 21 % of it to VAT payable, the customer on the debit.
+    const QueryResult sale = Rows(
+        QStringLiteral("SELECT a.AccountD, a.AccountC, a.Factor, d.FOID, d.Sign FROM BRTemplates t "
+                       "JOIN BRTemplateAcc a ON a.BRTemplateID = t.ID JOIN BRTemplateAddr d ON "
+                       "d.BRTemplateAccGUID = a.GUID WHERE t.Name = ? ORDER BY a.ID"),
+        {Value(QStringLiteral("Prekių pardavimas su PVM"))});
+    ASSERT_EQ(sale.RowCount(), 2);
+    EXPECT_EQ(sale.At(0, 0).toString(), QStringLiteral("2410"));
+    EXPECT_EQ(sale.At(0, 1).toString(), QStringLiteral("5000"));
+    EXPECT_EQ(sale.At(0, 2).toDouble(), 1.0);
+    EXPECT_EQ(sale.At(1, 1).toString(), QStringLiteral("4492"));
+    EXPECT_EQ(sale.At(1, 2).toDouble(), 0.21);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(sale.At(i, 3).toString(), QStringLiteral("O0000100"));
+        EXPECT_EQ(sale.At(i, 4).toInt32(), 1);
+    }
+    // The tree codes the chooser reads: a template's ParentCode is its group's OwnCode.
+    EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BRTemplates t JOIN BRTemplates g ON "
+                                   "g.ID = t.ParentID WHERE t.ParentCode = g.OwnCode AND "
+                                   "t.OwnCode = g.OwnCode || CAST(t.ID AS TEXT) || '*'")),
+              7);
+}
+
 INSTANTIATE_TEST_SUITE_P(DemoBook, DemoBookTest,
                          ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
                          testing::BackendLabel);

@@ -5,6 +5,7 @@
 #include "host/demo/demo_chart.h"
 #include "host/demo/demo_data.h"
 #include "host/demo/demo_rate_series.h"
+#include "host/demo/demo_templates.h"
 #include "host/storage/database.h"
 #include "host/storage/transaction_guard.h"
 
@@ -328,6 +329,9 @@ ResultRecord CreateDemoBook(Database& db, const QDate& today) {
         return r;
     // The demo firm keeps its books on the demo chart of accounts.
     if (r = CreateDemoChart(db); !r.ok())
+        return r;
+    DemoTemplateIds templates;
+    if (r = CreateDemoTemplates(db, &templates); !r.ok())
         return r;
     return tx.Commit();
 }
