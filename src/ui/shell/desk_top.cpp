@@ -82,7 +82,11 @@ bool DeskTop::Close(const OrvoForm* form) {
     QMdiSubWindow* window = WindowOf(form);
     if (!window)
         return false;
+    // The form is let go at once; the window itself is deleted later by Qt.
+    forms_.remove(window);
+    order_.removeAll(window);
     window->close();
+    Q_EMIT formsChanged();
     return true;
 }
 
