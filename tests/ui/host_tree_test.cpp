@@ -59,9 +59,21 @@ TEST_F(DesktopTest, EveryNodeAndTheRootCarryAnIcon) {
 }
 
 TEST_F(DesktopTest, RootIconIsKeyedByTheLayoutCodeAndDrawnFromTheLayoutPicture) {
+    EXPECT_EQ(Tree().topLevelItem(0)->data(0, HostTree::OidRole).toString(),
+              QStringLiteral("L02020011"));
     EXPECT_EQ(Tree().Icons().PictureOf(QStringLiteral("L02020011")), QStringLiteral("LAYOUT"));
+}
+
+TEST_F(DesktopTest, JournalsKeyHasNoPictureOfItsOwnAndIsDrawnFromTheJournalPicture) {
     EXPECT_EQ(Tree().Icons().PictureOf(QStringLiteral("C0200500")), QStringLiteral("C0200500J"));
+    EXPECT_EQ(Tree().Icons().ForKey(QStringLiteral("C0200500")).cacheKey(),
+              Tree().Icons().ForResource(QStringLiteral("C0200500J")).cacheKey());
+}
+
+TEST_F(DesktopTest, ForeignClassKeyCarriesTheOperationsPicture) {
     EXPECT_EQ(Tree().Icons().PictureOf(QStringLiteral("C0202000")), QStringLiteral("C0201500"));
+    EXPECT_EQ(Tree().Icons().ForKey(QStringLiteral("C0202000")).cacheKey(),
+              Tree().Icons().ForResource(QStringLiteral("C0201500")).cacheKey());
 }
 
 TEST_F(DesktopTest, WindowIsTitledWithTheSessionTitle) {
@@ -150,6 +162,27 @@ TEST_F(DesktopTest, EnterOnANodeOpensItAndEnterOnTheLastRowLoadsTheNextScreen) {
     EXPECT_EQ(Tree().currentItem(), firms->child(2));
     pressKey(Tree(), Qt::Key_F5);
     EXPECT_EQ(HostTree::KindOf(Tree().currentItem()), HostTree::ItemKind::Row);
+}
+
+TEST_F(DesktopTest, TreeCanBeWorkedWithTheKeyboardAlone) {
+    QTreeWidgetItem* root = Tree().topLevelItem(0);
+    Tree().setCurrentItem(root);
+    // Down to the chart's node, Right opens it, Down into its first class.
+    const int chartRow = root->indexOfChild(Node(kChart));
+    for (int i = 0; i <= chartRow; ++i)
+        pressKey(Tree(), Qt::Key_Down);
+    ASSERT_EQ(Tree().currentItem(), Node(kChart));
+    pressKey(Tree(), Qt::Key_Right);
+    ASSERT_EQ(Rows(Node(kChart)).size(), 6);
+    pressKey(Tree(), Qt::Key_Down);
+    QTreeWidgetItem* fixedAssets = Node(kChart)->child(0);
+    ASSERT_EQ(Tree().currentItem(), fixedAssets);
+    // Enter on a row whose click opens nothing opens the row's own list.
+    pressKey(Tree(), Qt::Key_Return);
+    EXPECT_TRUE(fixedAssets->isExpanded());
+    EXPECT_FALSE(Rows(fixedAssets).isEmpty());
+    pressKey(Tree(), Qt::Key_Return);
+    EXPECT_FALSE(fixedAssets->isExpanded());
 }
 
 TEST_F(DesktopTest, ContextMenuEntriesAreTheNavigatorsGetMenuInOrder) {
