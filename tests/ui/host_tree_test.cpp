@@ -247,6 +247,42 @@ TEST_F(DesktopTest, NarrowingThatMatchesNothingLeavesAnEmptyList) {
     EXPECT_EQ(chart->childCount(), 0);
 }
 
+TEST_F(DesktopTest, RowDeletedThroughItsMenuLeavesTheList) {
+    QTreeWidgetItem* chart = Node(kChart);
+    chart->setExpanded(true);
+    QTreeWidgetItem* fixedAssets = chart->child(0);
+    fixedAssets->setExpanded(true);
+    // The deepest account of the class: one without children of its own.
+    QTreeWidgetItem* leaf = Rows(fixedAssets).last();
+    for (leaf->setExpanded(true); !Rows(leaf).isEmpty(); leaf->setExpanded(true))
+        leaf = Rows(leaf).last();
+    QTreeWidgetItem* parent = leaf->parent();
+    const int before = Rows(parent).size();
+    const QString oidr = leaf->data(0, HostTree::OidRole).toString();
+    // Yes to the question, OK to the report that follows.
+    DialogDriver::Set([](QDialog& dialog) {
+        if (!DialogDriver::Click(dialog, QStringLiteral("cmdYes")))
+            DialogDriver::Click(dialog, QStringLiteral("cmdOK"));
+    });
+    Tree().Click(leaf, UI0200400::kDelete, QStringLiteral("7"));
+    EXPECT_FALSE(session_->Services()->ObjectsService()->GetObjectUIO(oidr));
+    EXPECT_EQ(Rows(parent).size(), before - 1);
+    for (QTreeWidgetItem* row : Rows(parent))
+        EXPECT_NE(row->data(0, HostTree::OidRole).toString(), oidr);
+}
+
+TEST_F(DesktopTest, RowWhoseDeletionIsDeclinedStays) {
+    QTreeWidgetItem* chart = Node(kChart);
+    chart->setExpanded(true);
+    QTreeWidgetItem* fixedAssets = chart->child(0);
+    fixedAssets->setExpanded(true);
+    const int before = Rows(fixedAssets).size();
+    DialogDriver::Set(
+        [](QDialog& dialog) { DialogDriver::Click(dialog, QStringLiteral("cmdNo")); });
+    Tree().Click(Rows(fixedAssets).first(), UI0200400::kDelete, QStringLiteral("7"));
+    EXPECT_EQ(Rows(fixedAssets).size(), before);
+}
+
 TEST_F(DesktopTest, NodeThatNoNavigatorServesHasNothingToOpen) {
     QTreeWidgetItem* multi = Node(QStringLiteral("Spausdintinių dokumentų šablonai ir dokumentai"));
     EXPECT_EQ(multi->childIndicatorPolicy(), QTreeWidgetItem::DontShowIndicator);

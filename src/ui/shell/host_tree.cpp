@@ -1,5 +1,7 @@
 #include "ui/shell/host_tree.h"
 
+#include "frame/object_registry.h"
+
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -313,8 +315,24 @@ ClickResult HostTree::Click(QTreeWidgetItem* item, const QString& caption, const
     } else if (result.Action == ClickResult::NarrowList) {
         const ValueArray& payload = result.Payload.toArray();
         Narrow(item, payload.value(0).toRecordset(), payload.value(1).toString());
+    } else if (!caption.isEmpty() && KindOf(item) == ItemKind::Row) {
+        dropIfGone(item);
     }
     return result;
+}
+
+void HostTree::dropIfGone(QTreeWidgetItem* item) {
+    // A click may have deleted the row's record (the navigators answer a deletion with
+    // no action): a row whose record can no longer be read leaves the list.
+    const QString oidr = listOid(item);
+    if (!objects_ || oidr.size() < 9 || !ObjectRegistry::Component().HasDataObject(oidr))
+        return;
+    if (objects_->GetObjectUIO(oidr))
+        return;
+    if (currentItem() == item)
+        setCurrentItem(item->parent());
+    clearChildren(item);
+    delete item;
 }
 
 void HostTree::Narrow(QTreeWidgetItem* item, const RecordsetPtr& rows, const QString& criteria) {

@@ -10,9 +10,10 @@
 //
 // The context menu of a node or row is the navigator's GetMenu; a chosen entry goes to
 // its ClickMenu, and the answer is carried out: Action 1 shows the form on the desktop,
-// Action 4 narrows the list to the rows whose text holds the criteria. Enter acts as a
-// double click (the row's own click: ClickMenu with no caption; a node opens or closes),
-// the Menu key or Shift+F10 opens the context menu, F5 reads a list again.
+// Action 4 narrows the list to the rows whose text holds the criteria; a row whose record
+// a click deleted leaves the list. Enter acts as a double click (the row's own click:
+// ClickMenu with no caption; a node opens or closes), the Menu key or Shift+F10 opens
+// the context menu, F5 reads a list again.
 #pragma once
 
 #include "core/recordset.h"
@@ -94,6 +95,7 @@ private:
     };
 
     void showMenu(QTreeWidgetItem* item, const QPoint& globalPos);
+    void dropIfGone(QTreeWidgetItem* item);
     void clearChildren(QTreeWidgetItem* item);
     void appendRows(QTreeWidgetItem* parent, const QList<RowData>& rows);
     void addMoreRow(QTreeWidgetItem* parent, int nextPosition);
