@@ -155,6 +155,18 @@ TEST_P(TemplateApplyTest, KindWithoutFixedAddresseeIsAskedThroughThePicker) {
     EXPECT_EQ(EntryRows(given), QStringList({"2410|5000|10.00|line|1 " + firm_ + " Ąžuolas"}));
 }
 
+TEST_P(TemplateApplyTest, PickerCancelledLeavesTheDemandOpenAndTheSaveNamesIt) {
+    const qint64 id = StoreTemplate({{"2410", "5000", 1.0, Line::AnyFirm}});
+    OrvoObjectUIOPtr op = Apply(id, 10.0);
+    EXPECT_EQ(session_->Choices()->TakeAsked().size(), 1);
+    EXPECT_EQ(EntryRows(op), QStringList({"2410|5000|10.00|line|"}));
+    const ResultRecord refused = op->Save();
+    EXPECT_EQ(refused.Code, 777);
+    EXPECT_TRUE(refused.Text.startsWith(QStringLiteral("Nenurodyti būtini adresatai!")))
+        << refused.Text.toStdString();
+    EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BROpers")), 0);
+}
+
 TEST_P(TemplateApplyTest, FactorOfHalfOnSumOf100_01Gives50_01) {
     const qint64 id = StoreTemplate({{"6000", "5000", 0.5}});
     const OrvoObjectUIOPtr op = Apply(id, 100.01);
