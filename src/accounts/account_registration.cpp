@@ -2,6 +2,7 @@
 
 #include "accounts/account_plan_navigator.h"
 #include "accounts/account_plan_object.h"
+#include "accounts/template_registration.h"
 #include "frame/object_registry.h"
 
 namespace orvo {
@@ -14,6 +15,8 @@ void RegisterAccountClasses() {
         registry.RegisterDataObject(QString::fromLatin1(code),
                                     [](const QString&) { return std::make_shared<UIO0200400>(); });
     }
+    // The templates belong to the same subsystem and come with the chart.
+    RegisterTemplateClasses();
 }
 
 } // namespace orvo
