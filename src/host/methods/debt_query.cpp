@@ -1,0 +1,293 @@
+#include "host/methods/debt_query.h"
+
+#include "host/storage/database.h"
+#include "host/storage/money.h"
+
+#include <QHash>
+#include <QPair>
+#include <algorithm>
+
+namespace orvo::host {
+
+namespace {
+
+const QString kEntryKind = QStringLiteral("O0201500");
+const QString kFirmKind = QStringLiteral("O0000100");
+const QString kBaseCode = QStringLiteral("   ");
+
+// Up to this many debts, the entries referring to them are looked up by their references;
+// beyond it one pass over the account's entries costs less than a look-up per debt.
+constexpr int kLookupByReferenceLimit = 500;
+// References per statement when they are looked up one by one.
+constexpr int kReferenceBatch = 400;
+
+qint64 idAt(const QueryResult& q, int row, int column) {
+    return static_cast<qint64>(q.At(row, column).toDouble());
+}
+
+qint64 centsAt(const QueryResult& q, int row, int column) {
+    const Value v = q.At(row, column);
+    return v.isNull() ? 0 : Money::CentsFromValue(v);
+}
+
+QString codeOf(const Value& v) {
+    const QString code = v.isNull() ? QString() : v.toString().trimmed();
+    return code.isEmpty() ? kBaseCode : code;
+}
+
+// The account column of a side, and the condition that picks a currency or addressee row
+// of that side: rows keep 1 for the debit side and -1 (any other value) for the credit.
+QString accountColumn(int sign) {
+    return sign == 1 ? QStringLiteral("AccountD") : QStringLiteral("AccountC");
+}
+
+QString sideCondition(const QString& alias, int sign) {
+    return alias + (sign == 1 ? QStringLiteral(".Sign = 1") : QStringLiteral(".Sign <> 1"));
+}
+
+QString placeholders(int count) {
+    QStringList marks;
+    marks.reserve(count);
+    for (int i = 0; i < count; ++i)
+        marks << QStringLiteral("?");
+    return marks.join(QStringLiteral(", "));
+}
+
+// One entry that refers to a debt, as the rule of covers needs it.
+struct Cover {
+    QString Reference;
+    int Sign = 1;
+    qint64 Cents = 0;
+    qint64 CurrCents = 0;
+    QString Code;
+    qint64 EntryId = 0;
+};
+
+// The rule of covers, in one place: the opposite side reduces the rest, the same side adds
+// to it; the currency rest moves only by a side in the debt's own currency.
+void applyCover(DebtRow& debt, const Cover& c) {
+    if (c.EntryId == debt.EntryId)
+        return;
+    const int direction = c.Sign == debt.Sign ? 1 : -1;
+    debt.RestCents += direction * c.Cents;
+    if (debt.CurrencyCode != kBaseCode && c.Code == debt.CurrencyCode)
+        debt.RestCurrCents += direction * c.CurrCents;
+}
+
+Cover coverAt(const QueryResult& q, int row) {
+    Cover c;
+    c.Reference = q.At(row, 0).toString();
+    c.Sign = q.At(row, 1).toInt32() == 1 ? 1 : -1;
+    c.Cents = centsAt(q, row, 2);
+    c.CurrCents = centsAt(q, row, 3);
+    c.Code = codeOf(q.At(row, 4));
+    c.EntryId = idAt(q, row, 5);
+    return c;
+}
+
+} // namespace
+
+QString DebtQuery::EntryReference(qint64 entryId) {
+    return kEntryKind + QString::number(entryId);
+}
+
+QPair<QString, QString> DebtQuery::KindRange(const QString& kind) {
+    QString after = kind;
+    if (!after.isEmpty())
+        after[after.size() - 1] = QChar(after.at(after.size() - 1).unicode() + 1);
+    return {kind, after};
+}
+
+ResultRecord DebtQuery::FirmAndBranches(Database& db, const QString& addressee, QStringList* out) {
+    *out = {addressee};
+    if (!addressee.startsWith(kFirmKind) || addressee.size() <= kFirmKind.size())
+        return ResultRecord::Success();
+    bool ok = false;
+    const qint64 firm = addressee.mid(kFirmKind.size()).toLongLong(&ok);
+    if (!ok)
+        return ResultRecord::Success();
+    const QueryResult q = db.Query(QStringLiteral("SELECT ID FROM Firms WHERE ParentID = ? "
+                                                  "ORDER BY ID"),
+                                   {Value(double(firm))});
+    if (!q.ok())
+        return ResultRecord::Failure(q.Code, q.Text);
+    for (int i = 0; i < q.RowCount(); ++i)
+        out->append(kFirmKind + QString::number(idAt(q, i, 0)));
+    return ResultRecord::Success();
+}
+
+ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows) {
+    const QPair<QString, QString> refs = KindRange(kEntryKind);
+    const QString addressee = s.Addressee.trimmed();
+    QString from;
+    QStringList where;
+    ValueArray params;
+    if (addressee.size() > 8) {
+        // One addressee (or a firm with its branches): its rows through the FOIDR index.
+        QStringList who;
+        if (s.WithBranches) {
+            const ResultRecord r = FirmAndBranches(db_, addressee, &who);
+            if (!r.ok())
+                return r;
+        } else {
+            who = {addressee};
+        }
+        from = QStringLiteral("BRProperties p JOIN BR b ON b.ID = p.BRID");
+        where << QStringLiteral("p.FOIDR IN (") + placeholders(who.size()) + QLatin1Char(')')
+              << sideCondition(QStringLiteral("p"), sign);
+        for (const QString& w : who)
+            params << Value(w);
+    } else if (addressee.size() == 8) {
+        // A whole kind: the account's entries with an addressee of that kind on the side.
+        const QPair<QString, QString> kind = KindRange(addressee);
+        from = QStringLiteral("BR b JOIN BRProperties p ON p.BRID = b.ID AND ") +
+               sideCondition(QStringLiteral("p"), sign) +
+               QStringLiteral(" AND p.FOIDR >= ? AND p.FOIDR < ?");
+        params << Value(kind.first) << Value(kind.second);
+    } else {
+        // Any addressee or none: the first addressee of the side that is no reference.
+        from = QStringLiteral("BR b LEFT JOIN BRProperties p ON p.BRID = b.ID AND ") +
+               sideCondition(QStringLiteral("p"), sign) +
+               QStringLiteral(" AND NOT (p.FOIDR >= ? AND p.FOIDR < ?)");
+        params << Value(refs.first) << Value(refs.second);
+    }
+    from += QStringLiteral(" JOIN BROpers o ON o.ID = b.BROperID LEFT JOIN BRCurrency c ON "
+                           "c.BRID = b.ID AND ") +
+            sideCondition(QStringLiteral("c"), sign);
+    where << QStringLiteral("b.") + accountColumn(sign) + QStringLiteral(" = ?")
+          << QStringLiteral("b.DateD <= ?")
+          << QStringLiteral("NOT EXISTS (SELECT 1 FROM BRProperties x WHERE x.BRID = b.ID AND ") +
+                 sideCondition(QStringLiteral("x"), sign) +
+                 QStringLiteral(" AND x.FOIDR >= ? AND x.FOIDR < ?)");
+    params << Value(s.Account) << Value(s.Date) << Value(refs.first) << Value(refs.second);
+    const QString full =
+        QStringLiteral("SELECT b.ID, b.BROperID, b.DateD, b.SumA, b.AccountD, b.AccountC, b.Info, "
+                       "b.CurrencyRate%1, o.Number, o.Comment, p.FOIDR, p.ShowString, "
+                       "c.FCurrencyCode, c.SumCurr, c.RateCurr FROM ")
+            .arg(sign == 1 ? QLatin1Char('D') : QLatin1Char('C')) +
+        from + QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND ")) +
+        QStringLiteral(" ORDER BY b.DateD, b.ID, p.ID");
+
+    const QueryResult q = db_.Query(full, params);
+    if (!q.ok())
+        return ResultRecord::Failure(q.Code, q.Text);
+    qint64 last = -1;
+    for (int i = 0; i < q.RowCount(); ++i) {
+        const qint64 id = idAt(q, i, 0);
+        // An entry with two addressees of the kind on the side is one debt, under the first.
+        if (id == last)
+            continue;
+        last = id;
+        DebtRow d;
+        d.EntryId = id;
+        d.OperationId = idAt(q, i, 1);
+        d.DateD = q.At(i, 2).toDate();
+        d.FullCents = centsAt(q, i, 3);
+        d.AccountD = q.At(i, 4).toString();
+        d.AccountC = q.At(i, 5).toString();
+        const QString info = q.At(i, 6).toString().trimmed();
+        d.StoredCurrencyRate = q.At(i, 7).isNull() ? 0 : q.At(i, 7).toDouble();
+        d.Number = q.At(i, 8).toString();
+        // The entry's own text names the document best; an entry without one shows the
+        // operation's comment.
+        d.Comment = info.isEmpty() ? q.At(i, 9).toString() : info;
+        d.FOIDR = q.At(i, 10).toString();
+        d.ShowString = q.At(i, 11).toString();
+        d.CurrencyCode = codeOf(q.At(i, 12));
+        d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : centsAt(q, i, 13);
+        d.RateCurr = q.At(i, 14).isNull() ? 0 : q.At(i, 14).toDouble();
+        d.Sign = sign;
+        d.RestCents = d.FullCents;
+        d.RestCurrCents = d.FullCurrCents;
+        rows.append(d);
+    }
+    return ResultRecord::Success();
+}
+
+ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& rows) {
+    QHash<QString, int> byReference;
+    byReference.reserve(rows.size());
+    for (int i = 0; i < rows.size(); ++i)
+        byReference.insert(EntryReference(rows.at(i).EntryId), i);
+    auto take = [&](const QueryResult& q) {
+        for (int i = 0; i < q.RowCount(); ++i) {
+            const Cover c = coverAt(q, i);
+            const auto it = byReference.constFind(c.Reference);
+            if (it != byReference.constEnd())
+                applyCover(rows[it.value()], c);
+        }
+    };
+
+    if (rows.size() <= kLookupByReferenceLimit) {
+        // The referring rows through the FOIDR index; the referring entry counts only when
+        // the debt's account stands on the side its reference names.
+        for (int from = 0; from < rows.size(); from += kReferenceBatch) {
+            const int count = std::min(kReferenceBatch, int(rows.size()) - from);
+            ValueArray params;
+            for (int i = 0; i < count; ++i)
+                params << Value(EntryReference(rows.at(from + i).EntryId));
+            params << Value(s.Date) << Value(s.Account) << Value(s.Account);
+            const QueryResult q = db_.Query(
+                QStringLiteral("SELECT r.FOIDR, r.Sign, c.SumA, k.SumCurr, k.FCurrencyCode, c.ID "
+                               "FROM BRProperties r JOIN BR c ON c.ID = r.BRID LEFT JOIN "
+                               "BRCurrency k ON k.BRID = c.ID AND ((r.Sign = 1 AND k.Sign = 1) "
+                               "OR (r.Sign <> 1 AND k.Sign <> 1)) WHERE r.FOIDR IN (") +
+                    placeholders(count) +
+                    QStringLiteral(") AND c.DateD <= ? AND ((r.Sign = 1 AND c.AccountD = ?) OR "
+                                   "(r.Sign <> 1 AND c.AccountC = ?))"),
+                params);
+            if (!q.ok())
+                return ResultRecord::Failure(q.Code, q.Text);
+            take(q);
+        }
+        return ResultRecord::Success();
+    }
+
+    // Many debts: every entry of the account that carries a reference on the account's
+    // side, one pass per side through the account's index.
+    const QPair<QString, QString> refs = KindRange(kEntryKind);
+    for (const int side : {1, -1}) {
+        const QString sql =
+            QStringLiteral("SELECT r.FOIDR, r.Sign, c.SumA, k.SumCurr, k.FCurrencyCode, c.ID "
+                           "FROM BR c JOIN BRProperties r ON r.BRID = c.ID AND ") +
+            sideCondition(QStringLiteral("r"), side) +
+            QStringLiteral(" AND r.FOIDR >= ? AND r.FOIDR < ? LEFT JOIN BRCurrency k ON "
+                           "k.BRID = c.ID AND ") +
+            sideCondition(QStringLiteral("k"), side) + QStringLiteral(" WHERE c.") +
+            accountColumn(side) + QStringLiteral(" = ? AND c.DateD <= ?");
+        const QueryResult q = db_.Query(
+            sql, {Value(refs.first), Value(refs.second), Value(s.Account), Value(s.Date)});
+        if (!q.ok())
+            return ResultRecord::Failure(q.Code, q.Text);
+        take(q);
+    }
+    return ResultRecord::Success();
+}
+
+DebtList DebtQuery::Open(const DebtSelection& s) {
+    DebtList out;
+    if (s.Account.trimmed().isEmpty() || !s.Date.isValid())
+        return out;
+    QVector<DebtRow> rows;
+    for (const int sign : {1, -1}) {
+        if (s.Sign != 0 && s.Sign != sign)
+            continue;
+        const ResultRecord r = readCandidates(s, sign, rows);
+        if (!r.ok())
+            return {r.Code, r.Text, {}};
+    }
+    const ResultRecord covered = applyCovers(s, rows);
+    if (!covered.ok())
+        return {covered.Code, covered.Text, {}};
+    out.Rows.reserve(rows.size());
+    for (const DebtRow& d : rows)
+        if (d.RestCents != 0 || d.RestCurrCents != 0)
+            out.Rows.append(d);
+    if (s.Sign == 0)
+        std::stable_sort(out.Rows.begin(), out.Rows.end(), [](const DebtRow& a, const DebtRow& b) {
+            return a.DateD != b.DateD ? a.DateD < b.DateD : a.EntryId < b.EntryId;
+        });
+    return out;
+}
+
+} // namespace orvo::host
