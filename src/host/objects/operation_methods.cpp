@@ -2,6 +2,7 @@
 
 #include "host/methods/method_arguments.h"
 
+#include "host/methods/debt_methods.h"
 #include "host/methods/method_context.h"
 #include "host/methods/method_helpers.h"
 #include "host/methods/method_registry.h"
@@ -355,7 +356,8 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
         if (!r.ok())
             return r;
     }
-    return ResultRecord::Success();
+    // The debt lists and account totals that the operation object's windows read.
+    return RegisterDebtMethods(methods);
 }
 
 } // namespace orvo::host
