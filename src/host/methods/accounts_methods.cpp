@@ -5,6 +5,7 @@
 #include "host/methods/account_chart.h"
 #include "host/methods/account_locks.h"
 #include "host/methods/account_record_methods.h"
+#include "host/methods/account_settings.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
@@ -141,30 +142,13 @@ BOResult addresseeKinds(Database& db, const QStringList& tables, const QString& 
     return BOResult::Of(Value(rs));
 }
 
+// The chart's role holders, read through the one rule of account settings.
 BOResult presetAccounts(Database& db, const QString& code) {
-    const QString c = code.trimmed();
-    const bool filtered =
-        !c.isEmpty() && c.compare(QLatin1String("None"), Qt::CaseInsensitive) != 0;
-    const QueryResult q =
-        db.Query(QStringLiteral(
-                     "SELECT s.Code, a.Account, a.Name FROM Accounts a JOIN BRASettings s ON s.ID "
-                     "= a.BRAPropertyID %1 ORDER BY s.Code, a.Account")
-                     .arg(filtered ? QStringLiteral("WHERE s.Code = ?") : QString()),
-                 filtered ? ValueArray{Value(c)} : ValueArray{});
-    if (!q.ok())
-        return failed(q.Text);
-    auto rs = Recordset::Create({FieldDef::Make(QStringLiteral("Code"), FieldType::VarWChar, 10),
-                                 FieldDef::Make(QStringLiteral("Account"), FieldType::VarWChar, 30),
-                                 FieldDef::Make(QStringLiteral("Name"), FieldType::VarWChar, 255)});
-    for (int i = 0; i < q.RowCount(); ++i) {
-        rs->AddNew();
-        for (int f = 0; f < 3; ++f)
-            rs->SetField(f, q.At(i, f).toString());
-        rs->Update();
-    }
-    rs->AcceptChanges();
-    rs->MoveFirst();
-    return BOResult::Of(Value(rs));
+    QVector<AccountSettingRow> rows;
+    QString error;
+    if (!ReadAccountSettings(db, QString(), code, &rows, &error))
+        return failed(error);
+    return BOResult::Of(Value(PresetAccountsRecordset(rows)));
 }
 
 BOResult roles(Database& db) {

@@ -2,6 +2,7 @@
 
 #include "core/recordset.h"
 #include "core/rounding.h"
+#include "host/objects/auto_number_counters.h"
 #include "host/objects/object_kind_registry.h"
 #include "host/storage/database.h"
 #include "host/storage/operations_schema.h"
@@ -298,13 +299,13 @@ ObjectKind OperationKind(const OperationPostingRules& rules) {
         rs.SetField(QStringLiteral("OType"),
                     OperationKinds().contains(kind) ? kind : kinds::Operation);
     };
-    k.Hooks.BeforeWrite = [rules](Database& db, Recordset& rs, int row, qint64,
-                                  const ObjectSaveActor&) {
+    k.Hooks.BeforeWrite = [rules](Database& db, Recordset& rs, int row, qint64 id,
+                                  const ObjectSaveActor& actor) {
         const ResultRecord checked = checkEntries(db, rules, rs, row);
         if (!checked.ok())
             return checked;
         fillBeforeWrite(rs, row);
-        return ResultRecord::Success();
+        return CheckOperationCounter(db, rs, row, id, actor);
     };
     k.Hooks.AfterWrite = [](Database& db, Recordset& rs, int row, qint64 id, bool isNew,
                             const ObjectSaveActor& actor) {

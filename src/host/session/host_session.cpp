@@ -7,9 +7,11 @@
 #include "host/catalogues/catalogue_object.h"
 #include "host/catalogues/currency_methods.h"
 #include "host/methods/accounts_methods.h"
+#include "host/methods/group_methods.h"
 #include "host/methods/host_business_object.h"
 #include "host/methods/system_methods.h"
 #include "host/methods/template_methods.h"
+#include "host/objects/group_kind.h"
 #include "host/objects/object_methods.h"
 #include "host/objects/object_store.h"
 #include "host/objects/operation_methods.h"
@@ -113,11 +115,12 @@ SessionResult HostSession::Open(const QString& location, OpenMode mode, const QS
 
     s->kinds_ = std::make_shared<ObjectKindRegistry>();
     AddCatalogueKinds(*s->kinds_);
+    s->kinds_->Add(GroupKind());
     s->methods_ = std::make_shared<MethodRegistry>();
     for (const ResultRecord& r :
          {RegisterSystemMethods(*s->methods_), RegisterObjectMethods(*s->methods_, *s->kinds_),
           RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_),
-          RegisterTemplateMethods(*s->methods_)})
+          RegisterGroupMethods(*s->methods_), RegisterTemplateMethods(*s->methods_)})
         if (!r.ok())
             return {r.Code, r.Text, nullptr};
     const ResultRecord operations =

@@ -1,0 +1,73 @@
+#include "host/objects/group_kind.h"
+
+#include "core/recordset.h"
+#include "host/objects/object_kind_registry.h"
+#include "host/storage/database.h"
+#include "host/storage/groups_schema.h"
+
+namespace orvo::host {
+
+namespace {
+
+// How many rows of `table` point at the group through `column`; -1 when reading fails.
+int countOf(Database& db, const QString& table, const QString& column, qint64 id, QString* error) {
+    const QueryResult q =
+        db.Query(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2 = ?").arg(table, column),
+                 {Value(double(id))});
+    if (!q.ok()) {
+        *error = q.Text;
+        return -1;
+    }
+    return q.Scalar().toInt32();
+}
+
+} // namespace
+
+ObjectKind GroupKind() {
+    ObjectKind k;
+    k.Code = kinds::OperationGroup;
+    k.Title = QStringLiteral("Finansinių operacijų apskaitos grupė");
+    k.Root.Table = FindTable(GroupsMigration(), QStringLiteral("BROperGroups"));
+    k.Root.Extra = {FieldDef::Make(QStringLiteral("BROperGroupID"), FieldType::Integer)};
+    k.ListPreviewSql = QStringLiteral("Name");
+    k.ListOrderBy = QStringLiteral("Name, ID");
+    k.LockColumn = QStringLiteral("LockGUID");
+    k.Preview = [](const Recordset& rs) { return rs.Field(QStringLiteral("Name")).toString(); };
+    k.Hooks.BeforeWrite = [](Database&, Recordset& rs, int row, qint64 id, const ObjectSaveActor&) {
+        const int nameField = rs.FieldIndex(QStringLiteral("Name"));
+        if (rs.ValueAt(row, nameField).toString().trimmed().isEmpty())
+            return ResultRecord::Failure(777, QStringLiteral("Nenurodytas grupės pavadinimas!"));
+        const Value parent = rs.ValueAt(row, rs.FieldIndex(QStringLiteral("ParentID")));
+        if (id > 0 && !parent.isNull() && static_cast<qint64>(parent.toDouble()) == id)
+            return ResultRecord::Failure(
+                777, QStringLiteral("Grupė negali būti pati sau aukštesnio lygio grupė!"));
+        return ResultRecord::Success();
+    };
+    // The row is already gone inside the transaction; what still points at it decides
+    // whether the deletion may commit.
+    k.Hooks.AfterDelete = [](Database& db, qint64 id, const ObjectSaveActor&) {
+        QString error;
+        const int operations =
+            countOf(db, QStringLiteral("BROpers"), QStringLiteral("BROperGroupID"), id, &error);
+        if (operations < 0)
+            return ResultRecord::Failure(1, error);
+        if (operations > 0)
+            return ResultRecord::Failure(
+                777, QStringLiteral("Grupės panaikinti negalima: joje yra operacijų (%1). "
+                                    "Pirmiau jas perkelkite į kitą grupę arba panaikinkite.")
+                         .arg(operations));
+        const int groups =
+            countOf(db, QStringLiteral("BROperGroups"), QStringLiteral("ParentID"), id, &error);
+        if (groups < 0)
+            return ResultRecord::Failure(1, error);
+        if (groups > 0)
+            return ResultRecord::Failure(
+                777, QStringLiteral("Grupės panaikinti negalima: joje yra kitų grupių (%1). "
+                                    "Pirmiau jas perkelkite arba panaikinkite.")
+                         .arg(groups));
+        return ResultRecord::Success();
+    };
+    return k;
+}
+
+} // namespace orvo::host
