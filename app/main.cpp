@@ -7,6 +7,7 @@
 // which is how the look of the program is checked without a screen; --form NAME puts a
 // registered form, on a demo object, on the desktop first.
 #include "accounts/account_registration.h"
+#include "accounts/template_registration.h"
 #include "core/today.h"
 #include "frame/object_registry.h"
 #include "frame/orvo_object_ui.h"
@@ -61,6 +62,7 @@ int createDemoBook(const QString& location, QTextStream& err) {
 void registerClasses() {
     RegisterOperationClasses();
     RegisterAccountClasses();
+    RegisterTemplateClasses();
     HostSession::RegisterCatalogueClasses();
     RegisterPlainNavigators();
 }

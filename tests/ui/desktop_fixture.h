@@ -6,6 +6,7 @@
 #pragma once
 
 #include "accounts/account_registration.h"
+#include "accounts/template_registration.h"
 #include "core/today.h"
 #include "host/demo/demo_book.h"
 #include "host/script/plain_navigators.h"
@@ -53,6 +54,7 @@ protected:
         ASSERT_TRUE(made.isEmpty()) << made.toStdString();
         RegisterOperationClasses();
         RegisterAccountClasses();
+        RegisterTemplateClasses();
         host::HostSession::RegisterCatalogueClasses();
         host::RegisterPlainNavigators();
         host::SessionResult r = host::HostSession::Open(location_);

@@ -105,6 +105,18 @@ TEST_F(DesktopTest, OpeningAClassRowListsItsAccountsFromTheChartsNavigator) {
     }
 }
 
+TEST_F(DesktopTest, TemplatesNodeListsTheDemoTemplatesThroughTheirNavigator) {
+    QTreeWidgetItem* templates = Node(QStringLiteral("Finansinių operacijų šablonai"));
+    EXPECT_EQ(templates->childIndicatorPolicy(), QTreeWidgetItem::ShowIndicator);
+    templates->setExpanded(true);
+    const QList<QTreeWidgetItem*> rows = Rows(templates);
+    ASSERT_FALSE(rows.isEmpty());
+    for (QTreeWidgetItem* row : rows)
+        EXPECT_TRUE(
+            row->data(0, HostTree::OidRole).toString().startsWith(QLatin1String("O0201600")));
+    EXPECT_FALSE(Tree().MenuFor(templates).isEmpty());
+}
+
 TEST_F(DesktopTest, RowWhoseListRepeatsItsOwnListIsALeaf) {
     QTreeWidgetItem* firms = Node(kFirms);
     firms->setExpanded(true);
