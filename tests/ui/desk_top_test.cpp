@@ -4,6 +4,7 @@
 #include "desktop_fixture.h"
 
 #include "accounts/account_plan_navigator.h"
+#include "accounts/template_navigator.h"
 #include "frame/orvo_object_uio.h"
 #include "ui/shell/desk_top.h"
 #include "ui/shell/desktop_forms.h"
@@ -77,6 +78,25 @@ TEST_F(DesktopTest, OpeningAFormByANameNobodyRegisteredShowsAnErrorAndGivesNothi
     // The Forms service itself answers null quietly: its callers refuse in their words.
     EXPECT_EQ(window_->Services().Forms->CreateForm(QStringLiteral("frmBROper")), nullptr);
     EXPECT_TRUE(window_->Services().Messages->Take().isEmpty());
+}
+
+TEST_F(DesktopTest, PutOnTheDesktopFromTheTreeShowsTheRowsFormAndKeepsIt) {
+    session_->Forms()->Register(QStringLiteral("frmBRTemplate"), []() {
+        return std::make_shared<LabelForm>(QStringLiteral("frmBRTemplate"));
+    });
+    QTreeWidgetItem* templates = Node(QStringLiteral("Finansinių operacijų šablonai"));
+    templates->setExpanded(true);
+    ASSERT_GT(templates->childCount(), 0);
+    QTreeWidgetItem* row = templates->child(0);
+    const QString oidr = row->data(0, HostTree::OidRole).toString();
+    const ClickResult result = Tree().Click(row, UI0201600::kDesktop, QStringLiteral("2"));
+    EXPECT_EQ(result.Action, ClickResult::Nothing);
+    const QList<OrvoFormPtr> kept = window_->Services().DeskTopService->Forms();
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(kept.first()->FormName(), QStringLiteral("frmBRTemplate"));
+    ASSERT_TRUE(kept.first()->GetOrvoObjectUIO());
+    EXPECT_EQ(kept.first()->GetOrvoObjectUIO()->OIDR(), oidr);
+    EXPECT_EQ(window_->Desk()->Forms(), kept);
 }
 
 TEST_F(DesktopTest, FormPutOnTheDesktopIsKeptUntilTheServiceLetsItGo) {
