@@ -4,6 +4,8 @@
 // preview shows a PDF and saves it through the file dialog.
 #include "desktop_fixture.h"
 
+#include "frame/object_registry.h"
+#include "frame/orvo_object_ui_base.h"
 #include "frame/orvo_object_uio.h"
 #include "frame/orvo_objects_service.h"
 #include "frame/orvo_s.h"
@@ -43,6 +45,35 @@ void clickInBox(const QString& button, SeenBox* seen) {
         DialogDriver::Click(dialog, button);
     });
 }
+
+// A navigator whose list mixes groups (OType "GR" + code) with plain records, as the
+// journals' list does: the group picker offers the groups only.
+class GroupedNavigator : public OrvoObjectUIBase {
+public:
+    GroupedNavigator()
+        : OrvoObjectUIBase(QStringLiteral("O9900100"), QStringLiteral("UI9900100"),
+                           QStringLiteral("Grupuotas sąrašas")) {}
+    RecordsetPtr GetOrvoObjectList(const QString&, const QString&, const QString&) override {
+        auto rs =
+            Recordset::Create({FieldDef::Make(QStringLiteral("OIDR"), FieldType::VarWChar, 30),
+                               FieldDef::Make(QStringLiteral("OType"), FieldType::VarWChar, 20),
+                               FieldDef::Make(QStringLiteral("Preview"), FieldType::VarWChar)});
+        const QList<QStringList> rows = {{QStringLiteral("O99001001"), QStringLiteral("GRO9900101"),
+                                          QStringLiteral("Kasos žurnalai")},
+                                         {QStringLiteral("O99001002"), QStringLiteral("O9900101"),
+                                          QStringLiteral("Kasos knyga")},
+                                         {QStringLiteral("O99001003"), QStringLiteral("GRO9900101"),
+                                          QStringLiteral("Banko žurnalai")}};
+        for (const QStringList& row : rows) {
+            rs->AddNew();
+            rs->SetField(QStringLiteral("OIDR"), row.at(0));
+            rs->SetField(QStringLiteral("OType"), row.at(1));
+            rs->SetField(QStringLiteral("Preview"), row.at(2));
+            rs->Update();
+        }
+        return rs;
+    }
+};
 
 QByteArray twoPagePdf() {
     QByteArray bytes;
@@ -176,6 +207,24 @@ TEST_F(DesktopTest, PickerOffersEveryKindAskedFor) {
         window_->Services().Pickers->ObjectEntries(QStringLiteral("O0000100;O0000300"), {}, {});
     ASSERT_FALSE(banks.isEmpty());
     EXPECT_EQ(both.size(), firms.size() + banks.size());
+}
+
+TEST_F(DesktopTest, GroupPickerOffersOnlyTheGroupsAndReturnsTheChosenOne) {
+    ObjectRegistry::Component().RegisterNavigator(QStringLiteral("O9900100"), [](const QString&) {
+        return std::make_shared<GroupedNavigator>();
+    });
+    const auto groups = window_->Services().Pickers->GroupEntries(QStringLiteral("O9900100"));
+    ASSERT_EQ(groups.size(), 2);
+    EXPECT_EQ(groups.at(0).Text, QStringLiteral("Kasos žurnalai"));
+    EXPECT_EQ(groups.at(1).Text, QStringLiteral("Banko žurnalai"));
+
+    DialogDriver::Set([](QDialog& dialog) {
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtSearch"))->setText(QStringLiteral("banko"));
+        DialogDriver::Click(dialog, QStringLiteral("cmdOK"));
+    });
+    EXPECT_EQ(OrvoS()->PickersService()->PickGroup(QStringLiteral("O9900100"),
+                                                   QStringLiteral("Pasirinkite grupę")),
+              QStringLiteral("O99001003_Banko žurnalai"));
 }
 
 TEST_F(DesktopTest, InputBoxGivesTheTypedTextBack) {
