@@ -9,9 +9,11 @@
 #include "frame/orvo_services.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QTimer>
 
 namespace orvo::ui::testing {
 
@@ -213,6 +215,32 @@ TEST_F(DesktopTest, ContextMenuEntriesAreTheNavigatorsGetMenuInOrder) {
         shown.append(action->text());
     EXPECT_EQ(shown, expected);
     EXPECT_EQ(actions.size(), expected.size());
+}
+
+TEST_F(DesktopTest, MenuKeyOpensTheCurrentNodesMenuAndTheChosenEntryIsClicked) {
+    QTreeWidgetItem* chart = Node(kChart);
+    chart->setExpanded(true);
+    Tree().setCurrentItem(chart);
+    answerSelection(QStringLiteral("sąnaud"));
+    QStringList offered;
+    // Once the popup runs, the entry is chosen as the keyboard would choose it.
+    QTimer::singleShot(0, &Tree(), [&offered]() {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        for (QAction* action : menu->actions())
+            offered.append(action->text());
+        for (QAction* action : menu->actions())
+            if (action->text() == UI0200400::kSelect)
+                menu->setActiveAction(action);
+        pressKey(*menu, Qt::Key_Return);
+        // Never left waiting for a human.
+        if (menu->isVisible())
+            menu->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5));
+    QApplication::sendEvent(&Tree(), &event);
+    EXPECT_TRUE(offered.contains(UI0200400::kSelect));
+    EXPECT_EQ(Captions(chart), QStringList{QStringLiteral("6 Sąnaudos")});
 }
 
 TEST_F(DesktopTest, RowMenuIsAskedWithTheRowsReferenceAndType) {
