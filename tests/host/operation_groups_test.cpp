@@ -43,6 +43,25 @@ TEST_P(OperationGroupsTest, GroupWithoutNameIsRefused) {
     EXPECT_EQ(r.Text, QStringLiteral("Nenurodytas grupės pavadinimas!"));
 }
 
+TEST_P(OperationGroupsTest, DocumentGroupWithoutTemplateCannotBeSaved) {
+    const BOResult none =
+        SaveGroupOn(*session_, {{QStringLiteral("FormOID"), QStringLiteral("O1000100")},
+                                {QStringLiteral("Parameters"), QStringLiteral("|PVM")}});
+    EXPECT_EQ(none.Code, 777);
+    EXPECT_EQ(none.Text, QStringLiteral("Nenurodyti šablonai !"));
+    const BOResult typeOnly =
+        SaveGroupOn(*session_, {{QStringLiteral("FormOID"), QStringLiteral("O1000100")},
+                                {QStringLiteral("Parameters"), QStringLiteral("3#0|PVM")}});
+    EXPECT_EQ(typeOnly.Code, 777);
+    const BOResult withTemplate =
+        SaveGroupOn(*session_, {{QStringLiteral("FormOID"), QStringLiteral("O1000100")},
+                                {QStringLiteral("Parameters"), QStringLiteral("3#12|PVM")}});
+    EXPECT_TRUE(withTemplate.ok()) << withTemplate.Text.toStdString();
+    // Other form types keep no templates in their parameters.
+    EXPECT_TRUE(
+        SaveGroupOn(*session_, {{QStringLiteral("FormOID"), QStringLiteral("O0201501")}}).ok());
+}
+
 TEST_P(OperationGroupsTest, StaleCopyOfGroupIsRefusedByItsLock) {
     const qint64 id = AddGroup();
     const QString ref = QStringLiteral("'O0201400%1'").arg(id);

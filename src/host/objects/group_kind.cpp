@@ -21,6 +21,16 @@ int countOf(Database& db, const QString& table, const QString& column, qint64 id
     return q.Scalar().toInt32();
 }
 
+// Whether document parameters name a template: pairs of a template type and its
+// template, "#"-joined, with the document type after "|".
+bool namesTemplate(const QString& parameters) {
+    const QStringList values = parameters.section(QLatin1Char('|'), 0, 0).split(QLatin1Char('#'));
+    for (int i = 1; i < values.size(); i += 2)
+        if (values.at(i).trimmed().toLongLong() > 0)
+            return true;
+    return false;
+}
+
 } // namespace
 
 ObjectKind GroupKind() {
@@ -37,6 +47,10 @@ ObjectKind GroupKind() {
         const int nameField = rs.FieldIndex(QStringLiteral("Name"));
         if (rs.ValueAt(row, nameField).toString().trimmed().isEmpty())
             return ResultRecord::Failure(777, QStringLiteral("Nenurodytas grupės pavadinimas!"));
+        const QString form = rs.ValueAt(row, rs.FieldIndex(QStringLiteral("FormOID"))).toString();
+        if (form.trimmed() == QLatin1String("O1000100") &&
+            !namesTemplate(rs.ValueAt(row, rs.FieldIndex(QStringLiteral("Parameters"))).toString()))
+            return ResultRecord::Failure(777, QStringLiteral("Nenurodyti šablonai !"));
         const Value parent = rs.ValueAt(row, rs.FieldIndex(QStringLiteral("ParentID")));
         if (id > 0 && !parent.isNull() && static_cast<qint64>(parent.toDouble()) == id)
             return ResultRecord::Failure(

@@ -3,7 +3,8 @@
 // saves through the generic store with LockGUID as its optimistic lock; besides its
 // columns it carries BROperGroupID (the record's ID, filled by the data object), the
 // name under which the operations' side knows a group. A group without a name is
-// refused, and deleting a group that still holds operations or groups is refused, so
+// refused, so is a group of documents (O1000100) whose parameters name no template,
+// and deleting a group that still holds operations or groups is refused, so
 // that no operation is left in a group that is gone.
 #pragma once
 
