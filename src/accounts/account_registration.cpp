@@ -2,6 +2,7 @@
 
 #include "accounts/account_plan_navigator.h"
 #include "accounts/account_plan_object.h"
+#include "accounts/group_registration.h"
 #include "accounts/template_registration.h"
 #include "frame/object_registry.h"
 
@@ -15,7 +16,8 @@ void RegisterAccountClasses() {
         registry.RegisterDataObject(QString::fromLatin1(code),
                                     [](const QString&) { return std::make_shared<UIO0200400>(); });
     }
-    // The templates belong to the same subsystem and come with the chart.
+    // Groups and templates belong to the same subsystem and come with the chart.
+    RegisterGroupClasses();
     RegisterTemplateClasses();
 }
 
