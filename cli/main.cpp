@@ -11,6 +11,13 @@
 #include "host/storage/database.h"
 #include "operations/operation_registration.h"
 
+#ifdef ORVO_WITH_UI
+#include "ui/automation/script_runner.h"
+#include "ui/automation/ui_script_ops.h"
+
+#include <QApplication>
+#endif
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -18,7 +25,10 @@
 #include <QStringList>
 
 #include <cstdio>
+#include <cstring>
 #include <iostream>
+#include <memory>
+#include <optional>
 #include <string>
 
 using namespace orvo;
@@ -187,6 +197,29 @@ int runScript(const QString& book, const QString& user) {
         return kFailed;
     }
     ScriptSession script(*s.Session);
+#ifdef ORVO_WITH_UI
+    // With the desktop library linked, scripts also open forms and work their controls;
+    // a step that opens a modal window is followed by the steps that work it.
+    ui::UiScriptOps::Register(script, *s.Session);
+    ui::ScriptRunner runner(
+        script,
+        []() -> std::optional<QByteArray> {
+            std::string text;
+            if (!std::getline(std::cin, text))
+                return std::nullopt;
+            return QByteArray(text.data(), static_cast<qsizetype>(text.size()));
+        },
+        [](int lineNumber, const QJsonObject& reply) {
+            writeOut(QString::fromUtf8(QJsonDocument(reply).toJson(QJsonDocument::Compact)) +
+                     QLatin1Char('\n'));
+            if (!reply.value("ok").toBool()) {
+                QString text = reply.value("error").toString();
+                text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+                writeErr(QStringLiteral("eilutė %1: %2").arg(lineNumber).arg(text));
+            }
+        });
+    return runner.Run() > 0 ? kFailed : kDone;
+#else
     int failed = 0;
     int lineNumber = 0;
     std::string line;
@@ -208,6 +241,7 @@ int runScript(const QString& book, const QString& user) {
         }
     }
     return failed > 0 ? kFailed : kDone;
+#endif
 }
 
 int runMethods(const QString& book) {
@@ -220,10 +254,24 @@ int runMethods(const QString& book) {
     return kDone;
 }
 
+// The application object: scripts get a widget application, so that they can open forms
+// (offscreen unless QT_QPA_PLATFORM names another platform: a script needs no display);
+// the other commands need no more than the core.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+#ifdef ORVO_WITH_UI
+    if (argc > 1 && std::strcmp(argv[1], "script") == 0) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        return std::make_unique<QApplication>(argc, argv);
+    }
+#endif
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
+    const std::unique_ptr<QCoreApplication> app = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orvo"));
     const QStringList args = QCoreApplication::arguments().mid(1);
     if (args.isEmpty())

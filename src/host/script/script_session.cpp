@@ -67,6 +67,19 @@ QStringList ScriptSession::Ops() {
     return ops;
 }
 
+void ScriptSession::AddOp(const QString& name, OpHandler handler, bool keeps) {
+    added_.insert(name, {std::move(handler), keeps});
+}
+
+QStringList ScriptSession::AllOps() const {
+    QStringList ops = Ops();
+    for (auto it = added_.constBegin(); it != added_.constEnd(); ++it)
+        if (!ops.contains(it.key()))
+            ops.append(it.key());
+    ops.sort();
+    return ops;
+}
+
 QJsonObject ScriptSession::RunLine(const QByteArray& line) {
     QByteArray text = line.trimmed();
     // A byte-order mark may lead the first line of a file saved by an editor.
@@ -91,16 +104,28 @@ QJsonObject ScriptSession::Run(const QJsonObject& step) {
     const QJsonValue as = step.value("as");
     if (!opValue.isString() || op.isEmpty()) {
         reply = Failure(QStringLiteral("Trūksta veiksmo „op“ (teksto)."));
-    } else if (!handlers().contains(op)) {
+    } else if (!handlers().contains(op) && !added_.contains(op)) {
         reply = Failure(QStringLiteral("Nežinomas veiksmas „%1“. Galimi veiksmai: %2.")
-                            .arg(op, Ops().join(QStringLiteral(", "))));
+                            .arg(op, AllOps().join(QStringLiteral(", "))));
     } else if (step.contains("as") && (!as.isString() || as.toString().isEmpty())) {
         reply = Failure(QStringLiteral("„as“ turi būti netuščias vardas."));
-    } else if (step.contains("as") && !keepingOps().contains(op)) {
+    } else if (step.contains("as") && !keepingOps().contains(op) &&
+               !(added_.contains(op) && added_.value(op).Keeps)) {
         reply = Failure(
             QStringLiteral("Veiksmas „%1“ nieko nesukuria, todėl „as“ jam netinka.").arg(op));
     } else {
-        const Outcome outcome = (this->*handlers().value(op))(step);
+        // An added op is asked first; it may leave the step to the op of the protocol.
+        std::optional<OpOutcome> added;
+        if (added_.contains(op))
+            added = added_.value(op).Handler(step);
+        Outcome outcome(QJsonObject{});
+        if (added)
+            outcome = added->HasKeep ? Outcome(added->Reply, added->Keep) : Outcome(added->Reply);
+        else if (handlers().contains(op))
+            outcome = (this->*handlers().value(op))(step);
+        else
+            outcome =
+                Outcome(Failure(QStringLiteral("Veiksmas „%1“ šiam žingsniui netinka.").arg(op)));
         reply = outcome.Reply;
         if (as.isString() && reply.value("ok").toBool() && outcome.HasKeep) {
             held_.insert(as.toString(), outcome.Keep);

@@ -21,6 +21,8 @@
 #include <QHash>
 #include <QJsonObject>
 #include <QStringList>
+#include <functional>
+#include <optional>
 
 namespace orvo::host {
 
@@ -39,6 +41,20 @@ public:
     Value Held(const QString& name) const { return held_.value(name); }
     // The names of the ops, in alphabetical order.
     static QStringList Ops();
+
+    // Ops added from outside the protocol's own (the desktop library adds the ops that
+    // drive windows). A handler answers with its reply and, when it made something that
+    // "as" may keep, that value; it may answer nothing (std::nullopt) to leave a step
+    // to the protocol's own op of the same name.
+    struct OpOutcome {
+        QJsonObject Reply;
+        Value Keep;
+        bool HasKeep = false;
+    };
+    using OpHandler = std::function<std::optional<OpOutcome>(const QJsonObject& step)>;
+    void AddOp(const QString& name, OpHandler handler, bool keeps);
+    // Every op this session runs, its own and the added ones, in alphabetical order.
+    QStringList AllOps() const;
 
 private:
     // What an op gives: its reply, and the value that "as" keeps when the op made one.
@@ -91,8 +107,14 @@ private:
     // gives none, the reason, found by reading a blank object of the kind.
     OrvoObjectUIOPtr makeObject(const QString& codeOrOidr, ResultRecord* why) const;
 
+    struct AddedOp {
+        OpHandler Handler;
+        bool Keeps = false;
+    };
+
     HostSession& session_;
     QHash<QString, Value> held_;
+    QHash<QString, AddedOp> added_;
 };
 
 } // namespace orvo::host
