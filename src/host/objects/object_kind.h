@@ -95,6 +95,10 @@ struct ObjectKind {
     // from a copy read before someone else's save is refused.
     QString LockColumn;
     ObjectSaveHooks Hooks;
+    // The hooks one ObjectStore::SaveMany runs for all its records, made afresh for each
+    // batch, so that they may remember for the length of the batch what they read of
+    // other tables (the chart of accounts, say); unset: the batch runs Hooks.
+    std::function<ObjectSaveHooks()> BatchHooks;
     // A number that names a row nested in a record (an entry of an operation) gives the
     // number of the record that holds it; 0 when it names none. Unset: a number names
     // only a record.

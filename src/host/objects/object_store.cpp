@@ -3,10 +3,13 @@
 #include "host/methods/method_helpers.h"
 #include "host/storage/database.h"
 #include "host/storage/money.h"
+#include "host/storage/storage_messages.h"
 
 #include <QUuid>
 
 namespace orvo::host {
+
+using namespace storage;
 
 FieldType FieldTypeForColumn(ColumnType type) {
     switch (type) {
@@ -220,15 +223,134 @@ BOResult ObjectStore::Read(const ObjectKind& kind, qint64 id) const {
     return BOResult::Of(Value(rs));
 }
 
+ObjectStore::InsertBatch* ObjectStore::SavePlan::batchFor(const ObjectTable& table,
+                                                          const QStringList& columns) {
+    for (InsertBatch& b : inserts)
+        if (b.table == &table && b.columns == columns)
+            return &b;
+    inserts.append(InsertBatch{&table, columns, {}});
+    return &inserts.last();
+}
+
+void ObjectStore::countInserts(const ObjectTable& table, const Recordset& rs, int row,
+                               bool rowIsNew, SavePlan& plan) {
+    for (const ObjectChild& child : table.Children) {
+        if (child.Transient)
+            continue;
+        const RecordsetPtr nested = rs.ValueAt(row, rs.FieldIndex(child.Field)).toRecordset();
+        if (!nested)
+            continue;
+        const int idField = nested->FieldIndex(kID);
+        for (int i = 0; i < nested->RowCountAll(); ++i) {
+            const RowStatus st = nested->StatusAt(i);
+            if (st == RowStatus::Deleted)
+                continue;
+            const qint64 childId =
+                idField < 0 ? 0 : static_cast<qint64>(nested->ValueAt(i, idField).toDouble());
+            const bool insert = rowIsNew || st == RowStatus::New || childId <= 0;
+            if (insert)
+                plan.countNew(*child.Table);
+            countInserts(*child.Table, *nested, i, insert, plan);
+        }
+    }
+}
+
+void ObjectStore::SavePlan::countNew(const ObjectTable& table) {
+    auto found = ids.find(&table);
+    if (found == ids.end()) {
+        order.append(&table);
+        found = ids.insert(&table, IdBlock());
+    }
+    ++found->need;
+}
+
+bool ObjectStore::drawIds(SavePlan& plan, QString* error) {
+    // What each table still lacks; tables sharing a sequence draw one block, handed out
+    // in the order the tables were met, so that a record's number comes before its
+    // rows' numbers.
+    QHash<const ObjectTable*, int> lacking;
+    QHash<QString, int> perSequence;
+    for (const ObjectTable* t : std::as_const(plan.order)) {
+        IdBlock& block = plan.ids[t];
+        const int lack = block.need - (block.ids.size() - block.next);
+        block.need = 0;
+        if (lack <= 0)
+            continue;
+        lacking.insert(t, lack);
+        if (!t->IdSequence.isEmpty())
+            perSequence[t->IdSequence] += lack;
+    }
+    QHash<QString, QVector<qint64>> drawn;
+    for (auto it = perSequence.cbegin(); it != perSequence.cend(); ++it) {
+        const IdsResult r = db_.NextIds(it.key(), it.value());
+        if (!r.ok() || r.Ids.size() != it.value()) {
+            *error = r.ok() ? messages::UnknownSequence(it.key()) : r.Text;
+            return false;
+        }
+        drawn.insert(it.key(), r.Ids);
+    }
+    QHash<QString, int> taken;
+    for (const ObjectTable* t : std::as_const(plan.order)) {
+        const int lack = lacking.value(t);
+        if (lack <= 0)
+            continue;
+        IdBlock& block = plan.ids[t];
+        if (!t->IdSequence.isEmpty()) {
+            int& from = taken[t->IdSequence];
+            block.ids.append(drawn.value(t->IdSequence).mid(from, lack));
+            from += lack;
+        } else {
+            const IdsResult r = db_.ReserveRowIds(t->Table.Name, lack);
+            if (!r.ok() || r.Ids.size() != lack) {
+                *error = r.ok() ? t->Table.Name : r.Text;
+                return false;
+            }
+            block.ids.append(r.Ids);
+        }
+    }
+    return true;
+}
+
+const ObjectStore::ColumnMap& ObjectStore::SavePlan::columnsFor(const ObjectTable& table,
+                                                                const Recordset& rs) {
+    auto found = columnMaps.find(&table);
+    if (found != columnMaps.end() && found->fieldCount == rs.FieldCount()) {
+        // Rows of one table nearly always come in recordsets of one shape: checking the
+        // names at their places is cheaper than looking every one up.
+        const FieldDefs& fields = rs.FieldDefinitions();
+        bool same = true;
+        for (const auto& [column, field] : std::as_const(found->columns))
+            if (field >= 0 ? fields.at(field).name != column->Name
+                           : rs.FieldIndex(column->Name) >= 0) {
+                same = false;
+                break;
+            }
+        if (same)
+            return *found;
+    }
+    ColumnMap map;
+    map.fieldCount = rs.FieldCount();
+    for (const ColumnDef* c : shownColumns(table)) {
+        if (c->Type == ColumnType::Id)
+            continue;
+        const int f = rs.FieldIndex(c->Name);
+        map.columns.append({c, f});
+        if (f >= 0)
+            map.insertNames.append(c->Name);
+    }
+    map.insertNames.append(kID);
+    return *columnMaps.insert(&table, map);
+}
+
 bool ObjectStore::saveRow(const ObjectTable& table, Recordset& rs, int row, qint64 id, bool insert,
                           const QString& parentColumn, qint64 parentId, const RecordsetPtr& rsPtr,
-                          QVector<PendingWrite>& pending, qint64* newId, QString* error) {
-    const QVector<const ColumnDef*> cols = shownColumns(table);
+                          SavePlan& plan, qint64* newId, QString* error) {
+    const ColumnMap& map = plan.columnsFor(table, rs);
     QStringList names;
     ValueArray params;
-    for (const ColumnDef* c : cols) {
-        const int f = rs.FieldIndex(c->Name);
-        if (c->Type == ColumnType::Id || f < 0)
+    params.reserve(map.columns.size() + 2);
+    for (const auto& [c, f] : std::as_const(map.columns)) {
+        if (f < 0)
             continue;
         const Value v = rs.ValueAt(row, f);
         if (!insert && v == rs.OriginalValueAt(row, f) &&
@@ -240,51 +362,38 @@ bool ObjectStore::saveRow(const ObjectTable& table, Recordset& rs, int row, qint
         }
         if (v.isNull() && (c->NotNull || c->Type == ColumnType::Flag)) {
             // The column's default stands in for an absent value, and the record learns
-            // it after the commit, so that it holds what the book holds.
+            // it after the commit, so that it holds what the book holds. A new row is
+            // written with the default itself (defaults are literals), so that every
+            // new row of a table has the same columns and goes into one statement.
             const Value d = defaultOf(*c);
-            pending.append({rsPtr, row, f, d});
-            if (!c->NotNull || c->Type == ColumnType::Flag) {
-                names.append(c->Name);
+            plan.pending.append({rsPtr, row, f, d});
+            if (insert || !c->NotNull || c->Type == ColumnType::Flag) {
+                if (!insert)
+                    names.append(c->Name);
                 params.append(toStored(*c, d));
             }
             continue;
         }
-        names.append(c->Name);
+        if (!insert)
+            names.append(c->Name);
         params.append(toStored(*c, v));
     }
     if (insert) {
-        if (!table.IdSequence.isEmpty()) {
-            const IdResult next = db_.NextId(table.IdSequence);
-            if (!next.ok()) {
-                *error = next.Text;
-                return false;
-            }
-            names.append(kID);
-            params.append(Value(double(next.Id)));
-        }
-        if (!parentColumn.isEmpty()) {
-            names.append(parentColumn);
-            params.append(Value(double(parentId)));
-        }
-        QString sql;
-        if (names.isEmpty()) {
-            sql =
-                QStringLiteral("INSERT INTO %1 DEFAULT VALUES RETURNING ID").arg(table.Table.Name);
-        } else {
-            QStringList marks;
-            for (int i = 0; i < names.size(); ++i)
-                marks.append(QStringLiteral("?"));
-            sql = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3) RETURNING ID")
-                      .arg(table.Table.Name, names.join(QStringLiteral(", ")),
-                           marks.join(QStringLiteral(", ")));
-        }
-        const QueryResult q = db_.Query(sql, params);
-        if (!q.ok()) {
-            *error = q.Text;
+        IdBlock& block = plan.ids[&table];
+        if (block.next >= block.ids.size()) {
+            *error = messages::UnknownSequence(table.Table.Name);
             return false;
         }
-        *newId = static_cast<qint64>(q.Scalar().toDouble());
-        pending.append({rsPtr, row, rs.FieldIndex(kID), Value(double(*newId))});
+        *newId = block.ids.at(block.next++);
+        params.append(Value(double(*newId)));
+        if (!parentColumn.isEmpty()) {
+            if (map.withParent.isEmpty())
+                map.withParent = map.insertNames + QStringList{parentColumn};
+            params.append(Value(double(parentId)));
+        }
+        plan.batchFor(table, parentColumn.isEmpty() ? map.insertNames : map.withParent)
+            ->rows.append(params);
+        plan.pending.append({rsPtr, row, rs.FieldIndex(kID), Value(double(*newId))});
         return true;
     }
     *newId = id;
@@ -316,7 +425,7 @@ bool ObjectStore::saveRow(const ObjectTable& table, Recordset& rs, int row, qint
 }
 
 bool ObjectStore::saveChildren(const ObjectTable& table, Recordset& rs, int row, qint64 id,
-                               bool parentIsNew, QVector<PendingWrite>& pending, QString* error) {
+                               bool parentIsNew, SavePlan& plan, QString* error) {
     for (const ObjectChild& child : table.Children) {
         if (child.Transient)
             continue;
@@ -345,56 +454,61 @@ bool ObjectStore::saveChildren(const ObjectTable& table, Recordset& rs, int row,
             qint64 storedId = childId;
             if (insert || st == RowStatus::Modified) {
                 if (!saveRow(*child.Table, *nested, i, childId, insert, child.ParentColumn, id,
-                             nested, pending, &storedId, error))
+                             nested, plan, &storedId, error))
                     return false;
             }
-            if (!saveChildren(*child.Table, *nested, i, storedId, insert, pending, error))
+            if (!saveChildren(*child.Table, *nested, i, storedId, insert, plan, error))
                 return false;
         }
     }
     return true;
 }
 
-BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr& rs,
-                           const ObjectSaveActor& actor) {
-    if (!rs)
-        return BOResult::Failure(1, QStringLiteral("Nėra ką įrašyti: įrašo duomenys neperduoti."));
-    const int row = firstLiveRow(*rs);
-    if (row < 0)
-        return BOResult::Failure(1, QStringLiteral("Nėra ką įrašyti: įraše nėra eilutės."));
-    for (const ObjectChild& child : kind.Root.Children)
-        if (rs->FieldIndex(child.Field) < 0)
-            return BOResult::Failure(
-                1, QStringLiteral("Įrašo struktūra netinka: nėra lauko „%1“.").arg(child.Field));
-
-    const ResultRecord begun = db_.Begin();
-    if (!begun.ok())
-        return BOResult::Failure(begun.Code, begun.Text);
-
-    QVector<PendingWrite> pending;
-    QString error;
-    qint64 storedId = id;
-    QString lock;
-    bool ok = true;
-    if (kind.Hooks.BeforeWrite) {
-        const ResultRecord r = kind.Hooks.BeforeWrite(db_, *rs, row, id, actor);
+bool ObjectStore::flushInserts(SavePlan& plan, QString* error) {
+    for (InsertBatch& b : plan.inserts) {
+        const ExecResult r = db_.InsertRows(b.table->Table.Name, b.columns, b.rows);
         if (!r.ok()) {
-            db_.Rollback();
-            return BOResult::Failure(r.Code, r.Text);
+            *error = r.Text;
+            return false;
+        }
+        b.rows.clear();
+    }
+    plan.inserts.clear();
+    return true;
+}
+
+bool ObjectStore::writeRecord(const ObjectKind& kind, const ObjectSaveHooks& hooks, qint64 id,
+                              const RecordsetPtr& rs, int row, const ObjectSaveActor& actor,
+                              SavePlan& plan, Written& out) {
+    out.id = id;
+    if (hooks.BeforeWrite) {
+        const ResultRecord r = hooks.BeforeWrite(db_, *rs, row, id, actor);
+        if (!r.ok()) {
+            out.code = r.Code;
+            out.error = r.Text;
+            return false;
         }
     }
     if (!kind.LockColumn.isEmpty()) {
-        lock = newLockValue();
-        const int lf = rs->FieldIndex(kind.LockColumn);
-        pending.append({rs, row, lf, Value(lock)});
+        out.lock = newLockValue();
+        plan.pending.append({rs, row, rs->FieldIndex(kind.LockColumn), Value(out.lock)});
     }
+    // Every number this record's new rows need, drawn before anything is written (a
+    // batch has drawn them all already, unless a hook added rows).
+    if (id == 0)
+        plan.countNew(kind.Root);
+    countInserts(kind.Root, *rs, row, id == 0, plan);
+    if (!drawIds(plan, &out.error))
+        return false;
+
+    bool ok = true;
     if (id == 0) {
         // The lock value of a new record is written with the row itself.
         if (!kind.LockColumn.isEmpty())
-            rs->SetField(kind.LockColumn, lock);
-        ok = saveRow(kind.Root, *rs, row, 0, true, QString(), 0, rs, pending, &storedId, &error);
+            rs->SetField(kind.LockColumn, out.lock);
+        ok = saveRow(kind.Root, *rs, row, 0, true, QString(), 0, rs, plan, &out.id, &out.error);
     } else {
-        ok = saveRow(kind.Root, *rs, row, id, false, QString(), 0, rs, pending, &storedId, &error);
+        ok = saveRow(kind.Root, *rs, row, id, false, QString(), 0, rs, plan, &out.id, &out.error);
         if (ok && !kind.LockColumn.isEmpty()) {
             const int lf = rs->FieldIndex(kind.LockColumn);
             const QString readLock = rs->OriginalValueAt(row, lf).isNull()
@@ -403,13 +517,13 @@ BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr
             const ExecResult r = db_.Execute(
                 QStringLiteral("UPDATE %1 SET %2 = ? WHERE ID = ? AND COALESCE(%2, '') = ?")
                     .arg(kind.Root.Table.Name, kind.LockColumn),
-                {Value(lock), Value(double(id)), Value(readLock)});
+                {Value(out.lock), Value(double(id)), Value(readLock)});
             if (!r.ok()) {
                 ok = false;
-                error = r.Text;
+                out.error = r.Text;
             } else if (r.RowsAffected == 0) {
                 ok = false;
-                error =
+                out.error =
                     QStringLiteral("Įrašo %1 įrašyti negalima: jį jau pakeitė kitas naudotojas. "
                                    "Atidarykite įrašą iš naujo ir pakeitimus pakartokite.")
                         .arg(OIDRFor(kind, id));
@@ -417,43 +531,155 @@ BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr
         }
     }
     if (ok)
-        ok = saveChildren(kind.Root, *rs, row, storedId, id == 0, pending, &error);
-    qint32 failureCode = 1;
-    if (ok && kind.Hooks.AfterWrite) {
-        const ResultRecord r = kind.Hooks.AfterWrite(db_, *rs, row, storedId, id == 0, actor);
+        ok = saveChildren(kind.Root, *rs, row, out.id, id == 0, plan, &out.error);
+    if (ok)
+        ok = flushInserts(plan, &out.error);
+    if (ok && hooks.AfterWrite) {
+        const ResultRecord r = hooks.AfterWrite(db_, *rs, row, out.id, id == 0, actor);
         if (!r.ok()) {
             ok = false;
-            failureCode = r.Code;
-            error = r.Text;
+            out.code = r.Code;
+            out.error = r.Text;
         }
     }
-    if (!ok) {
+    return ok;
+}
+
+void ObjectStore::applyPending(const SavePlan& plan) {
+    for (const PendingWrite& w : plan.pending)
+        if (w.field >= 0)
+            w.rs->SetValueAt(w.row, w.field, w.value);
+}
+
+RecordsetPtr ObjectStore::savedRows(const ObjectKind&) {
+    return Recordset::Create({FieldDef::Make(kOIDR, FieldType::VarWChar, 30),
+                              FieldDef::Make(kID, FieldType::Integer),
+                              FieldDef::Make(QStringLiteral("LockGUID"), FieldType::VarWChar, 40)});
+}
+
+namespace {
+
+// Why a record cannot be saved at all, before any transaction; empty when it can.
+QString unsaveable(const ObjectKind& kind, const RecordsetPtr& rs, int row) {
+    if (!rs)
+        return QStringLiteral("Nėra ką įrašyti: įrašo duomenys neperduoti.");
+    if (row < 0)
+        return QStringLiteral("Nėra ką įrašyti: įraše nėra eilutės.");
+    for (const ObjectChild& child : kind.Root.Children)
+        if (rs->FieldIndex(child.Field) < 0)
+            return QStringLiteral("Įrašo struktūra netinka: nėra lauko „%1“.").arg(child.Field);
+    return QString();
+}
+
+} // namespace
+
+BOResult ObjectStore::Save(const ObjectKind& kind, qint64 id, const RecordsetPtr& rs,
+                           const ObjectSaveActor& actor) {
+    const int row = rs ? firstLiveRow(*rs) : -1;
+    const QString refused = unsaveable(kind, rs, row);
+    if (!refused.isEmpty())
+        return BOResult::Failure(1, refused);
+
+    const ResultRecord begun = db_.Begin();
+    if (!begun.ok())
+        return BOResult::Failure(begun.Code, begun.Text);
+    SavePlan plan;
+    Written written;
+    if (!writeRecord(kind, kind.Hooks, id, rs, row, actor, plan, written)) {
         db_.Rollback();
-        if (id == 0 && !kind.LockColumn.isEmpty())
+        if (id == 0 && !kind.LockColumn.isEmpty() && !written.lock.isEmpty())
             rs->SetField(kind.LockColumn, Value());
-        return BOResult::Failure(failureCode, error);
+        return BOResult::Failure(written.code, written.error);
     }
     const ResultRecord committed = db_.Commit();
     if (!committed.ok())
         return BOResult::Failure(committed.Code, committed.Text);
 
     // Only now, with the book changed for good, does the recordset learn its numbers.
-    for (const PendingWrite& w : pending)
-        if (w.field >= 0)
-            w.rs->SetValueAt(w.row, w.field, w.value);
-    rs->SetValueAt(row, rs->FieldIndex(kOIDR), OIDRFor(kind, storedId));
+    applyPending(plan);
+    rs->SetValueAt(row, rs->FieldIndex(kOIDR), OIDRFor(kind, written.id));
     if (rs->FieldIndex(kID) >= 0)
-        rs->SetValueAt(row, rs->FieldIndex(kID), Value(double(storedId)));
+        rs->SetValueAt(row, rs->FieldIndex(kID), Value(double(written.id)));
 
-    auto out = Recordset::Create(
-        {FieldDef::Make(kOIDR, FieldType::VarWChar, 30), FieldDef::Make(kID, FieldType::Integer),
-         FieldDef::Make(QStringLiteral("LockGUID"), FieldType::VarWChar, 40)});
+    auto out = savedRows(kind);
     out->AddNew();
-    out->SetField(kOIDR, OIDRFor(kind, storedId));
-    out->SetField(kID, Value(double(storedId)));
-    if (!lock.isEmpty())
-        out->SetField(QStringLiteral("LockGUID"), lock);
+    out->SetField(kOIDR, OIDRFor(kind, written.id));
+    out->SetField(kID, Value(double(written.id)));
+    if (!written.lock.isEmpty())
+        out->SetField(QStringLiteral("LockGUID"), written.lock);
     out->Update();
+    return BOResult::Of(Value(out));
+}
+
+BOResult ObjectStore::SaveMany(const ObjectKind& kind, const QVector<Item>& items,
+                               const ObjectSaveActor& actor) {
+    QVector<int> rows(items.size());
+    for (int i = 0; i < items.size(); ++i) {
+        rows[i] = items[i].Rs ? firstLiveRow(*items[i].Rs) : -1;
+        const QString refused = unsaveable(kind, items[i].Rs, rows[i]);
+        if (!refused.isEmpty()) {
+            BOResult failed = BOResult::Failure(1, refused);
+            failed.Data = Value(qint32(i));
+            return failed;
+        }
+    }
+    const ResultRecord begun = db_.Begin();
+    if (!begun.ok())
+        return BOResult::Failure(begun.Code, begun.Text);
+    SavePlan plan;
+    QVector<Written> written(items.size());
+    const ObjectSaveHooks hooks = kind.BatchHooks ? kind.BatchHooks() : kind.Hooks;
+    // The numbers of the whole batch from each sequence in one block. Tables that number
+    // their own rows reserve per record, just before its rows go in, so that a hook
+    // inserting into such a table meanwhile cannot take a reserved number.
+    for (int i = 0; i < items.size(); ++i) {
+        if (items[i].Id == 0)
+            plan.countNew(kind.Root);
+        countInserts(kind.Root, *items[i].Rs, rows[i], items[i].Id == 0, plan);
+    }
+    for (const ObjectTable* t : std::as_const(plan.order))
+        if (t->IdSequence.isEmpty())
+            plan.ids[t].need = 0;
+    QString drawError;
+    if (!drawIds(plan, &drawError)) {
+        db_.Rollback();
+        BOResult failed = BOResult::Failure(1, drawError);
+        failed.Data = Value(qint32(0));
+        return failed;
+    }
+    for (int i = 0; i < items.size(); ++i) {
+        if (writeRecord(kind, hooks, items[i].Id, items[i].Rs, rows[i], actor, plan, written[i]))
+            continue;
+        db_.Rollback();
+        // Every new record of the batch written so far loses its lock value again, as a
+        // failed Save leaves it.
+        for (int j = 0; j <= i; ++j)
+            if (items[j].Id == 0 && !kind.LockColumn.isEmpty() && !written[j].lock.isEmpty())
+                items[j].Rs->SetField(kind.LockColumn, Value());
+        BOResult failed = BOResult::Failure(written[i].code, written[i].error);
+        failed.Data = Value(qint32(i));
+        return failed;
+    }
+    const ResultRecord committed = db_.Commit();
+    if (!committed.ok())
+        return BOResult::Failure(committed.Code, committed.Text);
+
+    applyPending(plan);
+    auto out = savedRows(kind);
+    for (int i = 0; i < items.size(); ++i) {
+        const RecordsetPtr& rs = items[i].Rs;
+        rs->SetValueAt(rows[i], rs->FieldIndex(kOIDR), OIDRFor(kind, written[i].id));
+        if (rs->FieldIndex(kID) >= 0)
+            rs->SetValueAt(rows[i], rs->FieldIndex(kID), Value(double(written[i].id)));
+        out->AddNew();
+        out->SetField(kOIDR, OIDRFor(kind, written[i].id));
+        out->SetField(kID, Value(double(written[i].id)));
+        if (!written[i].lock.isEmpty())
+            out->SetField(QStringLiteral("LockGUID"), written[i].lock);
+        out->Update();
+    }
+    out->AcceptChanges();
+    out->MoveFirst();
     return BOResult::Of(Value(out));
 }
 

@@ -301,7 +301,7 @@ ObjectKind OperationKind(const OperationPostingRules& rules) {
     };
     k.Hooks.BeforeWrite = [rules](Database& db, Recordset& rs, int row, qint64 id,
                                   const ObjectSaveActor& actor) {
-        const ResultRecord checked = checkEntries(db, rules, rs, row);
+        const ResultRecord checked = checkEntries(db, RememberedPostingRules(rules), rs, row);
         if (!checked.ok())
             return checked;
         fillBeforeWrite(rs, row);
@@ -318,6 +318,9 @@ ObjectKind OperationKind(const OperationPostingRules& rules) {
     k.Hooks.AfterDelete = [](Database& db, qint64 id, const ObjectSaveActor& actor) {
         return writeLog(db, id, actor, QStringLiteral("Panaikinta"));
     };
+    // A batch of operations asks the chart once per account for the whole batch: none of
+    // its operations changes the chart.
+    k.BatchHooks = [rules] { return OperationKind(RememberedPostingRules(rules)).Hooks; };
     return k;
 }
 

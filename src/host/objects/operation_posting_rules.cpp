@@ -3,6 +3,7 @@
 #include "host/methods/account_locks.h"
 #include "host/storage/database.h"
 
+#include <QHash>
 #include <memory>
 
 namespace orvo::host {
@@ -41,6 +42,50 @@ private:
 };
 
 } // namespace
+
+OperationPostingRules RememberedPostingRules(const OperationPostingRules& rules) {
+    struct Answers {
+        QHash<QString, bool> known;
+        QHash<QString, QVector<AddresseeDemand>> demands;
+        QHash<QString, QString> locks;
+    };
+    auto answers = std::make_shared<Answers>();
+    OperationPostingRules out;
+    if (rules.AccountKnown)
+        out.AccountKnown = [answers, ask = rules.AccountKnown](Database& db,
+                                                               const QString& account) {
+            const auto found = answers->known.constFind(account);
+            if (found != answers->known.constEnd())
+                return found.value();
+            const bool known = ask(db, account);
+            answers->known.insert(account, known);
+            return known;
+        };
+    if (rules.Demands)
+        out.Demands = [answers, ask = rules.Demands](Database& db, const QString& account,
+                                                     int sign) {
+            const QString key = QString::number(sign) + QLatin1Char('|') + account;
+            const auto found = answers->demands.constFind(key);
+            if (found != answers->demands.constEnd())
+                return found.value();
+            const QVector<AddresseeDemand> demands = ask(db, account, sign);
+            answers->demands.insert(key, demands);
+            return demands;
+        };
+    if (rules.LockRefusal)
+        out.LockRefusal = [answers, ask = rules.LockRefusal](Database& db, const QString& account,
+                                                             const QDate& date) {
+            const QString key = QString::number(date.isValid() ? date.toJulianDay() : 0) +
+                                QLatin1Char('|') + account;
+            const auto found = answers->locks.constFind(key);
+            if (found != answers->locks.constEnd())
+                return found.value();
+            const QString refusal = ask(db, account, date);
+            answers->locks.insert(key, refusal);
+            return refusal;
+        };
+    return out;
+}
 
 OperationPostingRules BookPostingRules(bool manager) {
     auto chart = std::make_shared<ChartPresence>();

@@ -31,6 +31,12 @@ struct OperationPostingRules {
     std::function<QString(Database&, const QString& account, const QDate& date)> LockRefusal;
 };
 
+// The same rules, each answer remembered for as long as the returned rules live: the
+// checks of one save ask the chart once per account (per account and side for demands,
+// per account and date for locks) however many entries post to it. Made afresh for each
+// save, so a chart changed between saves is always read anew.
+OperationPostingRules RememberedPostingRules(const OperationPostingRules& rules);
+
 // The rules the book holds: read from the chart's tables (Accounts, BRRequiredAddr,
 // AccountLocks) when the book has them. An empty chart accepts every account, so that a
 // book can take operations before its chart is entered. The locks are the chart's own

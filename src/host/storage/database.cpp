@@ -102,6 +102,8 @@ ResultRecord Database::Commit() {
         return r;
     }
     failed_.pop_back();
+    if (failed_.isEmpty())
+        TransactionEnded();
     return r;
 }
 
@@ -110,8 +112,11 @@ ResultRecord Database::Rollback() {
     if (depth == 0)
         return ResultRecord::Failure(codes::Failed, messages::NoTransaction());
     failed_.pop_back();
-    if (depth == 1)
-        return ExecControl(QStringLiteral("ROLLBACK"));
+    if (depth == 1) {
+        const ResultRecord r = ExecControl(QStringLiteral("ROLLBACK"));
+        TransactionEnded();
+        return r;
+    }
     const QString name = SavepointName(depth - 1);
     ResultRecord r = ExecControl(QStringLiteral("ROLLBACK TO SAVEPOINT ") + name);
     if (r.ok())
@@ -122,6 +127,72 @@ ResultRecord Database::Rollback() {
 void Database::NoteStatementFailure() {
     if (!failed_.isEmpty())
         failed_.back() = true;
+}
+
+// ---- Bulk insertion -----------------------------------------------------------------
+
+namespace {
+// Rows per statement, largest first: any count is made of these, so a table needs at
+// most this many prepared shapes.
+constexpr int kRowsPerStatement[] = {64, 32, 16, 8, 4, 2, 1};
+} // namespace
+
+ExecResult Database::InsertRows(const QString& table, const QStringList& columns,
+                                const QVector<ValueArray>& rows) {
+    ExecResult result;
+    if (rows.isEmpty())
+        return result;
+    if (columns.isEmpty())
+        return ExecResult::Failure(codes::Failed,
+                                   messages::StatementFailed(QStringLiteral("INSERT ") + table));
+    // The texts of each size are made once per table and columns.
+    const QString key = table + QLatin1Char('\x1f') + columns.join(QLatin1Char('\x1f'));
+    auto texts = insertSql_.find(key);
+    if (texts == insertSql_.end()) {
+        if (insertSql_.size() >= 64)
+            insertSql_.clear();
+        QStringList marks;
+        for (int i = 0; i < columns.size(); ++i)
+            marks.append(QStringLiteral("?"));
+        const QString tuple =
+            QLatin1Char('(') + marks.join(QStringLiteral(", ")) + QLatin1Char(')');
+        const QString head = QStringLiteral("INSERT INTO %1 (%2) VALUES ")
+                                 .arg(table, columns.join(QStringLiteral(", ")));
+        QStringList sql;
+        for (const int size : kRowsPerStatement) {
+            QStringList tuples;
+            for (int i = 0; i < size; ++i)
+                tuples.append(tuple);
+            sql.append(head + tuples.join(QStringLiteral(", ")));
+        }
+        texts = insertSql_.insert(key, sql);
+    }
+    const QStringList sql = texts.value();
+    int at = 0;
+    int shape = 0;
+    ValueArray params;
+    for (const int size : kRowsPerStatement) {
+        const QString& text = sql.at(shape++);
+        while (rows.size() - at >= size) {
+            params.clear();
+            params.reserve(size * columns.size());
+            for (int i = at; i < at + size; ++i) {
+                if (rows[i].size() != columns.size()) {
+                    NoteStatementFailure();
+                    return ExecResult::Failure(
+                        codes::Failed,
+                        messages::ParameterCount(int(columns.size()), int(rows[i].size())));
+                }
+                params.append(rows[i]);
+            }
+            const ExecResult r = Execute(text, params);
+            if (!r.ok())
+                return r;
+            result.RowsAffected += r.RowsAffected;
+            at += size;
+        }
+    }
+    return result;
 }
 
 // ---- Schema -------------------------------------------------------------------------

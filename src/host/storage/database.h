@@ -37,6 +37,18 @@
 //   book. Numbers are strictly increasing but not gap-free: SQLite keeps a counter row
 //   updated inside the caller's transaction (a rollback returns the numbers), PostgreSQL
 //   a real SEQUENCE (a rollback leaves a gap).
+// - ReserveRowIds gives numbers for new rows of a table that numbers its own rows (its
+//   Id column), so that a caller can insert many rows with their numbers known in
+//   advance instead of asking for each number back. SQLite: only inside a transaction,
+//   whose write lock keeps the numbers ours; they lie above the table's largest number
+//   and above every number reserved earlier in the transaction, and the rows are to be
+//   inserted before the table takes a row without a number (which the database numbers
+//   one above the largest present). PostgreSQL: drawn from the column's identity
+//   sequence, as a row inserted without a number would be, so they never collide.
+// - InsertRows inserts many rows of one table with multi-row statements of a few fixed
+//   sizes, each prepared once per connection and reused (PostgreSQL sends single-row
+//   statements in one pipeline instead). It opens no transaction of its own: a failure
+//   marks the caller's level failed like any failed statement.
 // - Execute reports the rows a statement changed, which is what an optimistic lock
 //   needs: UPDATE ... WHERE ID = ? AND LockGUID = ? changing no row is a conflict.
 // - A Database is used from one thread at a time.
@@ -144,6 +156,13 @@ public:
     virtual IdResult NextId(const QString& sequence = kRecordSequence) = 0;
     // `count` numbers at once, in increasing order (not necessarily consecutive).
     virtual IdsResult NextIds(const QString& sequence, int count) = 0;
+    // Numbers for `count` new rows of `table` (see the contract above), increasing.
+    virtual IdsResult ReserveRowIds(const QString& table, int count) = 0;
+
+    // Bulk insertion: every row of `rows` holds one value per name of `columns`. Rows
+    // affected is the number of rows inserted.
+    virtual ExecResult InsertRows(const QString& table, const QStringList& columns,
+                                  const QVector<ValueArray>& rows);
 
     // Schema. Each creates the object in this backend's dialect; CreateTable also
     // registers the table.
@@ -181,6 +200,8 @@ protected:
     virtual QString BeginSql() const = 0;
     // Backends call this when a statement fails, so that Commit refuses that level.
     void NoteStatementFailure();
+    // Called when the outermost transaction has ended, committed or rolled back.
+    virtual void TransactionEnded() {}
 
     // Reading results.
     ColumnType KnownColumnType(const QString& table, const QString& column,
@@ -207,6 +228,8 @@ private:
     // Lower-case name -> spelling of the schema.
     QHash<QString, QString> canonicalNames_;
     quint64 schemaGeneration_ = 0;
+    // Table and columns -> the INSERT texts of every size InsertRows uses.
+    QHash<QString, QStringList> insertSql_;
 };
 
 } // namespace orvo::host

@@ -373,6 +373,34 @@ QueryResult PostgresDatabase::ReadRows(PGresult* res, const QStringList& dateCol
 ExecResult PostgresDatabase::ExecuteMany(const QString& sql, const QVector<ValueArray>& rows) {
     if (rows.isEmpty())
         return ExecResult();
+    ResultRecord begun = Begin();
+    if (!begun.ok())
+        return ExecResult::Failure(begun.Code, begun.Text);
+    const ExecResult result = Pipeline(sql, rows);
+    if (!result.ok()) {
+        Rollback();
+        return result;
+    }
+    ResultRecord committed = Commit();
+    if (!committed.ok())
+        return ExecResult::Failure(committed.Code, committed.Text);
+    return result;
+}
+
+ExecResult PostgresDatabase::InsertRows(const QString& table, const QStringList& columns,
+                                        const QVector<ValueArray>& rows) {
+    if (rows.isEmpty())
+        return ExecResult();
+    QStringList marks;
+    for (int i = 0; i < columns.size(); ++i)
+        marks.append(QStringLiteral("?"));
+    return Pipeline(
+        QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+            .arg(table, columns.join(QStringLiteral(", ")), marks.join(QStringLiteral(", "))),
+        rows);
+}
+
+ExecResult PostgresDatabase::Pipeline(const QString& sql, const QVector<ValueArray>& rows) {
     // Every row's parameters and statement are made ready before the pipeline starts,
     // since a statement cannot be prepared synchronously inside it.
     QVector<Params> all(rows.size());
@@ -384,11 +412,8 @@ ExecResult PostgresDatabase::ExecuteMany(const QString& sql, const QVector<Value
             return ExecResult::Failure(codes::Failed, messages::StatementFailed(error));
         }
     }
-    ResultRecord begun = Begin();
-    if (!begun.ok())
-        return ExecResult::Failure(begun.Code, begun.Text);
     if (PQenterPipelineMode(conn_) != 1) {
-        Rollback();
+        NoteStatementFailure();
         return ExecResult::Failure(codes::Failed, messages::StatementFailed(ConnectionError()));
     }
     ExecResult result;
@@ -426,12 +451,8 @@ ExecResult PostgresDatabase::ExecuteMany(const QString& sql, const QVector<Value
     PQexitPipelineMode(conn_);
     if (!error.isEmpty()) {
         NoteStatementFailure();
-        Rollback();
         return ExecResult::Failure(codes::Failed, messages::StatementFailed(error));
     }
-    ResultRecord committed = Commit();
-    if (!committed.ok())
-        return ExecResult::Failure(committed.Code, committed.Text);
     return result;
 }
 
@@ -446,6 +467,26 @@ IdsResult PostgresDatabase::NextIds(const QString& sequence, int count) {
     if (!q.ok()) {
         result.Code = codes::Failed;
         result.Text = messages::UnknownSequence(sequence) + QLatin1Char('\n') + q.Text;
+        return result;
+    }
+    result.Ids.reserve(q.RowCount());
+    for (const ValueArray& row : std::as_const(q.Rows))
+        result.Ids << static_cast<qint64>(row.value(0).toDouble());
+    std::sort(result.Ids.begin(), result.Ids.end());
+    return result;
+}
+
+IdsResult PostgresDatabase::ReserveRowIds(const QString& table, int count) {
+    IdsResult result;
+    if (count <= 0)
+        return result;
+    // Tables are created with unquoted names, which PostgreSQL keeps in lower case.
+    QueryResult q = Query(QStringLiteral("SELECT nextval(pg_get_serial_sequence(?, 'id')) FROM "
+                                         "generate_series(1, ?)"),
+                          {Value(table.toLower()), Value(qint32(count))});
+    if (!q.ok()) {
+        result.Code = q.Code;
+        result.Text = q.Text;
         return result;
     }
     result.Ids.reserve(q.RowCount());

@@ -7,7 +7,8 @@
 // fixes it (whole numbers as bigint, fractions as double precision, dates, date-times);
 // a text parameter is left for the server to type from its context, as SQLite converts
 // a text that fits a column. Statements with parameters are prepared once per SQL text
-// and kinds of parameter; ExecuteMany sends its rows in libpq's pipeline mode.
+// and kinds of parameter; ExecuteMany and InsertRows send their rows in libpq's pipeline
+// mode, one single-row statement per row, so that the statements prepared stay few.
 #pragma once
 
 #include "host/storage/database.h"
@@ -34,6 +35,9 @@ public:
 
     IdResult NextId(const QString& sequence = kRecordSequence) override;
     IdsResult NextIds(const QString& sequence, int count) override;
+    IdsResult ReserveRowIds(const QString& table, int count) override;
+    ExecResult InsertRows(const QString& table, const QStringList& columns,
+                          const QVector<ValueArray>& rows) override;
 
 protected:
     ResultRecord ReadSchemaStamp(SchemaStamp& stamp) override;
@@ -59,6 +63,9 @@ private:
     // Runs a statement; the result (to be cleared by the caller) or null with `error`.
     pg_result* Run(const QString& sql, const ValueArray& params, QString* error);
     QueryResult ReadRows(pg_result* res, const QStringList& dateColumns) const;
+    // Sends the statement once per row of parameters in pipeline mode, inside whatever
+    // transaction is open; a failure marks the open level failed.
+    ExecResult Pipeline(const QString& sql, const QVector<ValueArray>& rows);
     QString ConnectionError() const;
 
     pg_conn* conn_ = nullptr;

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <limits>
 #include <sqlite3.h>
 
@@ -149,6 +150,12 @@ ResultRecord SqliteDatabase::Configure() {
     ResultRecord r = ExecControl(QStringLiteral("PRAGMA synchronous = FULL"));
     if (r.ok())
         r = ExecControl(QStringLiteral("PRAGMA foreign_keys = ON"));
+    // What undoes a statement or a savepoint stays in memory instead of a temporary file
+    // written page by page; the cache is in KiB when negative.
+    if (r.ok())
+        r = ExecControl(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    if (r.ok())
+        r = ExecControl(QStringLiteral("PRAGMA cache_size = -32768"));
     return r;
 }
 
@@ -184,6 +191,16 @@ void SqliteDatabase::ClearCache() {
 ResultRecord SqliteDatabase::ExecControl(const QString& sql) {
     if (!db_)
         return ResultRecord::Failure(codes::Failed, messages::StatementFailed(path_));
+    if (sql.startsWith(QLatin1String("SAVEPOINT ")) || sql.startsWith(QLatin1String("RELEASE ")) ||
+        sql.startsWith(QLatin1String("ROLLBACK")) || sql == BeginSql() ||
+        sql == QLatin1String("COMMIT")) {
+        // Every save opens and closes a level: these few texts are prepared once.
+        QString error;
+        Prepared* p = Prepare(sql, &error);
+        if (p && StepToEnd(p->Stmt, &error))
+            return ResultRecord::Success();
+        return ResultRecord::Failure(codes::Failed, messages::StatementFailed(error));
+    }
     char* error = nullptr;
     const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &error);
     if (rc == SQLITE_OK)
@@ -430,6 +447,34 @@ IdsResult SqliteDatabase::NextIds(const QString& sequence, int count) {
     const qint64 last = static_cast<qint64>(q.Scalar().toDouble());
     result.Ids.reserve(count);
     for (qint64 id = last - count + 1; id <= last; ++id)
+        result.Ids << id;
+    return result;
+}
+
+IdsResult SqliteDatabase::ReserveRowIds(const QString& table, int count) {
+    IdsResult result;
+    if (count <= 0)
+        return result;
+    if (TransactionDepth() == 0) {
+        result.Code = codes::Failed;
+        result.Text = messages::StatementFailed(
+            QStringLiteral("row numbers of %1 reserved outside a transaction").arg(table));
+        return result;
+    }
+    // The table's name is the program's own (a registered table), never a user's value.
+    const QueryResult q =
+        Query(QStringLiteral("SELECT COALESCE(MAX(ID), 0) FROM %1").arg(CanonicalName(table)));
+    if (!q.ok()) {
+        result.Code = q.Code;
+        result.Text = q.Text;
+        return result;
+    }
+    const QString key = table.toLower();
+    const qint64 first =
+        std::max(static_cast<qint64>(q.Scalar().toDouble()) + 1, reserved_.value(key, 0));
+    reserved_.insert(key, first + count);
+    result.Ids.reserve(count);
+    for (qint64 id = first; id < first + count; ++id)
         result.Ids << id;
     return result;
 }

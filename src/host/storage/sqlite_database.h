@@ -2,7 +2,10 @@
 // runs with a write-ahead log, synchronous=FULL (a committed save survives a power
 // cut), foreign keys enforced, STRICT tables and a busy timeout so that a second program
 // on the same book waits instead of failing. Prepared statements are cached by their SQL
-// text, which is what makes batches of inserts fast.
+// text, which is what makes batches of inserts fast; the statements that open and close
+// transactions and savepoints are cached the same way. Temporary storage (the journal
+// that lets one statement or savepoint be undone) is kept in memory, and the page cache
+// holds 32 MiB, so that a large save does not write its pages twice.
 //
 // Before anything is written, a file is checked: it must exist (unless a book is being
 // created), be writable together with its folder (the log lives beside it; a file or
@@ -33,6 +36,7 @@ public:
 
     IdResult NextId(const QString& sequence = kRecordSequence) override;
     IdsResult NextIds(const QString& sequence, int count) override;
+    IdsResult ReserveRowIds(const QString& table, int count) override;
 
 protected:
     ResultRecord ReadSchemaStamp(SchemaStamp& stamp) override;
@@ -41,6 +45,7 @@ protected:
     void AbandonNewBook() override;
     ResultRecord ExecControl(const QString& sql) override;
     QString BeginSql() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
+    void TransactionEnded() override { reserved_.clear(); }
 
 private:
     SqliteDatabase(sqlite3* db, const QString& path, bool createdFile);
@@ -68,6 +73,8 @@ private:
     QString path_;
     bool createdFile_ = false;
     QHash<QString, Prepared*> cache_;
+    // Lower-case table name -> the next number ReserveRowIds may give in this transaction.
+    QHash<QString, qint64> reserved_;
 };
 
 } // namespace orvo::host
