@@ -260,6 +260,12 @@ int runMethods(const QString& book) {
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 #ifdef ORVO_WITH_UI
     if (argc > 1 && std::strcmp(argv[1], "script") == 0) {
+        // Standard error carries one line per failed step; the platform's own remarks
+        // (no runtime folder, no window manager offscreen) are not the script's business.
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+            if (type == QtCriticalMsg || type == QtFatalMsg)
+                writeErr(text);
+        });
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
         return std::make_unique<QApplication>(argc, argv);

@@ -3,6 +3,7 @@
 // capitalises the text (a rule "on leaving"); cmdOpen opens frmProbeAsk modally and
 // writes what was typed there into lblResult; a double-click on a row of lvwRows writes
 // the row's tag into lblResult; checking a row writes the checked count into lblChecked;
+// frmProbeAsk's cmdNested asks again over itself;
 // the action mnuClear clears txtName; cmdTwice shows two message boxes one after the
 // other. It is registered as "frmProbe" (and its dialog as "frmProbeAsk").
 #pragma once
@@ -51,9 +52,19 @@ protected:
         ok->setObjectName(QStringLiteral("cmdOK"));
         auto* cancel = new QPushButton(QStringLiteral("Atšaukti"), w);
         cancel->setObjectName(QStringLiteral("cmdCancel"));
+        auto* nested = new QPushButton(QStringLiteral("Dar kartą"), w);
+        nested->setObjectName(QStringLiteral("cmdNested"));
         layout->addWidget(edit);
         layout->addWidget(ok);
         layout->addWidget(cancel);
+        layout->addWidget(nested);
+        // The same question once more, over this one; its answer comes back here.
+        QObject::connect(nested, &QPushButton::clicked, edit, [edit]() {
+            auto inner = std::make_shared<ProbeAskForm>();
+            inner->Show(true);
+            if (inner->Accepted)
+                edit->setText(inner->Answer);
+        });
         QObject::connect(ok, &QPushButton::clicked, w, [this, edit, w]() {
             Answer = edit->text();
             Accepted = true;

@@ -224,6 +224,32 @@ TEST_F(ScriptUiOpsTest, ClickThatOpensAModalIsFollowedByLinesThatWorkIt) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(ScriptUiOpsTest, ModalOpenedFromAModalIsWorkedAndClosesBackIntoTheFirst) {
+    Replies replies;
+    ScriptRunner runner(
+        *script_,
+        LinesOf(
+            {R"({"op":"new","code":"O0000100","as":"f"})",
+             R"({"op":"form","name":"frmProbe","obj":"f","as":"w"})",
+             R"({"op":"ui","form":"w","click":"cmdOpen"})",
+             R"({"op":"ui","form":"frmProbeAsk","click":"cmdNested"})",
+             R"({"op":"ui","form":"frmProbeAsk","set":{"txtAnswer":"vidinis"},"click":"cmdOK"})",
+             R"({"op":"read","form":"frmProbeAsk","control":"txtAnswer"})",
+             R"({"op":"ui","form":"frmProbeAsk","click":"cmdOK"})",
+             R"({"op":"read","form":"w","control":"lblResult"})"}),
+        [&replies](int, const QJsonObject& reply) { replies.Objects.append(reply); });
+    EXPECT_EQ(runner.Run(), 0);
+    ASSERT_EQ(replies.Objects.size(), 8);
+    EXPECT_EQ(replies.Objects.at(2).value("modal").toString(), QStringLiteral("frmProbeAskDialog"));
+    EXPECT_EQ(replies.Objects.at(3).value("modal").toString(), QStringLiteral("frmProbeAskDialog"));
+    // The inner answer came back into the first window, which is worked again.
+    EXPECT_EQ(replies.Objects.at(5).value("Value").toObject().value("text").toString(),
+              QStringLiteral("vidinis"));
+    EXPECT_EQ(replies.Objects.at(7).value("Value").toObject().value("text").toString(),
+              QStringLiteral("atsakyta: vidinis"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 TEST_F(ScriptUiOpsTest, ModalStillOpenWhenTheScriptEndsIsCancelled) {
     Replies replies;
     ScriptRunner runner(
