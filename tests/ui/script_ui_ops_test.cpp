@@ -6,6 +6,7 @@
 #include "probe_form.h"
 #include "ui/automation/script_runner.h"
 #include "ui/automation/ui_script_ops.h"
+#include "ui/shell/desk_top.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -349,6 +350,42 @@ TEST(OrvoScriptUiOps, RealProgramKnowsTheWindowOpsWithoutADisplay) {
     EXPECT_TRUE(run.Replies.at(6).value("ok").toBool());
     EXPECT_TRUE(run.Errors.contains(QStringLiteral("orvo: eilutė 3: Atviro lango „w“ nėra.")))
         << run.Errors.toStdString();
+}
+
+} // namespace
+} // namespace orvo::ui::testing
+
+namespace orvo::ui::testing {
+namespace {
+
+using ScriptOnDesktopTest = DesktopTest;
+
+TEST_F(ScriptOnDesktopTest, FormOpensOnTheDesktopAndItsModalWindowIsWorkedThere) {
+    RegisterProbeForms(*session_->Forms());
+    host::ScriptSession script(*session_);
+    UiScriptOps::Register(script, *session_);
+    QList<QJsonObject> replies;
+    ScriptRunner runner(
+        script,
+        LinesOf({R"({"op":"new","code":"O0000100","as":"f"})",
+                 R"({"op":"form","name":"frmProbe","obj":"f","as":"w"})",
+                 R"({"op":"ui","form":"w","set":{"txtName":"ona"},"click":"cmdOpen"})",
+                 R"({"op":"ui","form":"frmProbeAsk","set":{"txtAnswer":"gerai"},"click":"cmdOK"})",
+                 R"({"op":"read","form":"w","control":"lblResult"})",
+                 R"({"op":"read","form":"w","control":"txtName"})"}),
+        [&replies](int, const QJsonObject& reply) { replies.append(reply); });
+    EXPECT_EQ(runner.Run(), 0);
+    ASSERT_EQ(replies.size(), 6);
+    // The form went to the desktop's window, as one opened from the tree does.
+    ASSERT_EQ(window_->Desk()->Forms().size(), 1);
+    EXPECT_EQ(window_->Desk()->Forms().first()->FormName(), QStringLiteral("frmProbe"));
+    EXPECT_EQ(replies.at(2).value("modal").toString(), QStringLiteral("frmProbeAskDialog"));
+    EXPECT_EQ(replies.at(2).value("values").toObject().value("txtName").toString(),
+              QStringLiteral("Ona"));
+    EXPECT_EQ(replies.at(4).value("Value").toObject().value("text").toString(),
+              QStringLiteral("atsakyta: gerai"));
+    EXPECT_EQ(replies.at(5).value("Value").toObject().value("text").toString(),
+              QStringLiteral("Ona"));
 }
 
 } // namespace
