@@ -11,6 +11,12 @@
 #include "host/storage/database.h"
 #include "operations/operation_registration.h"
 
+#ifdef ORVO_ACCOUNTS_FORMS
+#include "accounts/forms/account_forms_registration.h"
+#endif
+#ifdef ORVO_OPERATIONS_FORMS
+#include "operations/forms/operation_forms.h"
+#endif
 #ifdef ORVO_WITH_UI
 #include "ui/automation/script_runner.h"
 #include "ui/automation/ui_script_ops.h"
@@ -200,6 +206,12 @@ int runScript(const QString& book, const QString& user) {
 #ifdef ORVO_WITH_UI
     // With the desktop library linked, scripts also open forms and work their controls;
     // a step that opens a modal window is followed by the steps that work it.
+#ifdef ORVO_ACCOUNTS_FORMS
+    RegisterAccountForms(*s.Session->Forms());
+#endif
+#ifdef ORVO_OPERATIONS_FORMS
+    RegisterOperationForms(*s.Session->Forms());
+#endif
     ui::UiScriptOps::Register(script, *s.Session);
     ui::ScriptRunner runner(
         script,
