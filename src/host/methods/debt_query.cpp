@@ -15,9 +15,6 @@ const QString kEntryKind = QStringLiteral("O0201500");
 const QString kFirmKind = QStringLiteral("O0000100");
 const QString kBaseCode = QStringLiteral("   ");
 
-// Up to this many debts, the entries referring to them are looked up by their references;
-// beyond it one pass over the account's entries costs less than a look-up per debt.
-constexpr int kLookupByReferenceLimit = 500;
 // References per statement when they are looked up one by one.
 constexpr int kReferenceBatch = 400;
 
@@ -218,7 +215,7 @@ ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& ro
         }
     };
 
-    if (rows.size() <= kLookupByReferenceLimit) {
+    if (rows.size() <= referenceLookupLimit_) {
         // The referring rows through the FOIDR index; the referring entry counts only when
         // the debt's account stands on the side its reference names.
         for (int from = 0; from < rows.size(); from += kReferenceBatch) {

@@ -80,7 +80,12 @@ struct DebtList {
 
 class DebtQuery {
 public:
-    explicit DebtQuery(Database& db) : db_(db) {}
+    // Up to `referenceLookupLimit` debts, the entries that refer to them are found by their
+    // references through the FOIDR index; beyond it, by one pass over the account's
+    // entries. Both give the same rests.
+    static constexpr int kReferenceLookupLimit = 20000;
+    explicit DebtQuery(Database& db, int referenceLookupLimit = kReferenceLookupLimit)
+        : db_(db), referenceLookupLimit_(referenceLookupLimit) {}
 
     // The debts with a rest other than zero (in base or in currency) at the date, ordered
     // by date and then by entry. A rest below zero stays in the list: an invoice paid
@@ -100,6 +105,7 @@ private:
     ResultRecord applyCovers(const DebtSelection& s, QVector<DebtRow>& rows);
 
     Database& db_;
+    int referenceLookupLimit_;
 };
 
 } // namespace orvo::host
