@@ -10,6 +10,21 @@ namespace {
 
 class DemoGroupsTest : public CliBookTest {
 protected:
+    // The book and the script share one day, whatever the machine's date: the demo's
+    // counters count from 1 January of the year the book was made in.
+    void SetUp() override {
+        saved_ = qgetenv("ORVO_TODAY");
+        qputenv("ORVO_TODAY", "2024-03-15");
+        CliBookTest::SetUp();
+    }
+    void TearDown() override {
+        CliBookTest::TearDown();
+        if (saved_.isEmpty())
+            qunsetenv("ORVO_TODAY");
+        else
+            qputenv("ORVO_TODAY", saved_);
+    }
+
     // The ID of the demo group of that name.
     qint64 GroupId(const QString& name) {
         host::OpenResult db = host::Database::Open(Book(), host::OpenMode::Existing);
@@ -20,6 +35,9 @@ protected:
             QStringLiteral("SELECT ID FROM BROperGroups WHERE Name = ?"), {Value(name)});
         return q.ok() && q.RowCount() == 1 ? static_cast<qint64>(q.At(0, 0).toDouble()) : 0;
     }
+
+private:
+    QByteArray saved_;
 };
 
 TEST_P(DemoGroupsTest, PlainOperationsOfTheGeneralGroupAreNumberedByItsMask) {
@@ -29,7 +47,6 @@ TEST_P(DemoGroupsTest, PlainOperationsOfTheGeneralGroupAreNumberedByItsMask) {
     const QString setGroup =
         QStringLiteral(R"({"op":"set","obj":"o","fields":{"BROperGroupID":%1}})").arg(group);
     const CliRun run = Script({
-        R"({"op":"today","date":"2024-03-15"})",
         R"({"op":"new","code":"O0201500","as":"o"})",
         setGroup,
         R"({"op":"methods","obj":"o","name":"GetAutoNumber","params":[]})",
@@ -38,10 +55,10 @@ TEST_P(DemoGroupsTest, PlainOperationsOfTheGeneralGroupAreNumberedByItsMask) {
         R"({"op":"methods","obj":"p","name":"GetAutoNumber","params":[]})",
     });
     ASSERT_EQ(run.ExitCode, 0) << run.ErrText().toStdString() << run.OutText().toStdString();
-    ASSERT_EQ(run.Replies.size(), 7);
-    EXPECT_EQ(run.Replies[3].value("Value").toString(), QStringLiteral("240315-BO-0001"));
+    ASSERT_EQ(run.Replies.size(), 6);
+    EXPECT_EQ(run.Replies[2].value("Value").toString(), QStringLiteral("240315-BO-0001"));
     // A second draw in the same scope and year never repeats the first.
-    EXPECT_EQ(run.Replies[6].value("Value").toString(), QStringLiteral("240315-BO-0002"));
+    EXPECT_EQ(run.Replies[5].value("Value").toString(), QStringLiteral("240315-BO-0002"));
 }
 
 TEST_P(DemoGroupsTest, EveryDocumentKindHasAGroupUnderAGeneralOne) {
