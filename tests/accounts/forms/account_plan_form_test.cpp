@@ -336,6 +336,50 @@ TEST_F(AccountPlanFormTest, TabWalksTheClassTheAccountThenTheRolesAndTheButtons)
     Q_UNUSED(w);
 }
 
+TEST_F(AccountPlanFormTest, ANewClassTypedAndSavedIsStoredWithoutAParent) {
+    const auto form = OpenNew(QStringLiteral("O0200400"), UI0200400::kNewClass);
+    ASSERT_TRUE(form);
+    EXPECT_EQ(Control<QGroupBox>(form->Widget(), QStringLiteral("SSPMain"))->title(),
+              QStringLiteral("Nauja klasė"));
+    EXPECT_FALSE(Control<QGroupBox>(form->Widget(), QStringLiteral("SSPSubAcc"))->isVisible());
+    Type(Box(form, "txtAccountClass"), QStringLiteral("8"));
+    Type(Box(form, "txtNameClass"), QStringLiteral("Nebalansinės sąskaitos"));
+    Box(form, "txtTypeClass")->clear();
+    Type(Box(form, "txtTypeClass"), QStringLiteral("k"));
+    QTest::mouseClick(Button(form, "cmdEnter"), Qt::LeftButton);
+    EXPECT_TRUE(Boxes().isEmpty());
+    EXPECT_EQ(Scalar(QStringLiteral("SELECT Name FROM Accounts WHERE Account = '8' AND "
+                                    "(ParentID IS NULL OR ParentID = 0)")),
+              QStringLiteral("Nebalansinės sąskaitos"));
+    EXPECT_EQ(Scalar(QStringLiteral("SELECT Type FROM Accounts WHERE Account = '8'")),
+              QStringLiteral("K"));
+    EXPECT_EQ(Control<QGroupBox>(form->Widget(), QStringLiteral("SSPMain"))->title(),
+              QStringLiteral("Klasė"));
+}
+
+TEST_F(AccountPlanFormTest, TheMatchingAccountRowShowsOnlyInTheFullPlanMode) {
+    const OrvoObjectUIPtr nav =
+        session_->Services()->ObjectsService()->GetObjectUI(QStringLiteral("O0200400"));
+    const QString oid = QStringLiteral("O0200401") + IdOf(QStringLiteral("2410"));
+    const auto plain =
+        Open<FrmAccountPlan>(QStringLiteral("frmAccountPlan"), nav->GetOrvoObject(oid));
+    ASSERT_TRUE(plain);
+    EXPECT_FALSE(Control<QWidget>(plain->Widget(), QStringLiteral("txtNewAcc"))->isVisible());
+    nav->ClickMenu(QStringLiteral("O0200400"), QString(), UI0200400::kPlans, QStringLiteral("5"));
+    const OrvoObjectUIOPtr object = nav->GetOrvoObject(oid);
+    object->SetField(QStringLiteral("NewID"), Value(IdOf(QStringLiteral("2420")).toDouble()));
+    const auto full = Open<FrmAccountPlan>(QStringLiteral("frmAccountPlan"), object);
+    ASSERT_TRUE(full);
+    EXPECT_TRUE(Control<QWidget>(full->Widget(), QStringLiteral("lblOldAcc"))->isVisible());
+    EXPECT_TRUE(Control<QWidget>(full->Widget(), QStringLiteral("txtNewAcc"))->isVisible());
+    EXPECT_EQ(Box(full, "txtNewAcc")->text(), QStringLiteral("2420 Kitos gautinos sumos"));
+    // Clearing forgets the matching account and marks the record changed.
+    QTest::mouseClick(Button(full, "cmdCleanAcc"), Qt::LeftButton);
+    EXPECT_EQ(Box(full, "txtNewAcc")->text(), QString());
+    EXPECT_TRUE(object->Field(QStringLiteral("NewID")).isNull());
+    EXPECT_TRUE(Button(full, "cmdEnter")->isEnabled());
+}
+
 } // namespace
 
 } // namespace orvo::accounts_forms::testing
