@@ -51,6 +51,16 @@ PdfPreviewDialog::PdfPreviewDialog(const QByteArray& pdf, const QString& title,
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
+PdfPreviewDialog::~PdfPreviewDialog() {
+    // The view renders pages on its own thread from the document, which reads the
+    // buffer: take them down view first, before the buffer member goes, rather than in
+    // the order the base class would delete its children.
+    view_->setDocument(nullptr);
+    delete view_;
+    document_->close();
+    delete document_;
+}
+
 int PdfPreviewDialog::PageCount() const {
     return loaded_ ? document_->pageCount() : 0;
 }

@@ -21,6 +21,7 @@ class PdfPreviewDialog : public QDialog {
 public:
     PdfPreviewDialog(const QByteArray& pdf, const QString& title, const QString& suggestedName,
                      FileDialogsPtr files, QWidget* parent = nullptr);
+    ~PdfPreviewDialog() override;
 
     bool Loaded() const { return loaded_; }
     int PageCount() const;
