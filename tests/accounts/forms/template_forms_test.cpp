@@ -7,11 +7,13 @@
 #include "accounts/forms/template_entry_form.h"
 #include "accounts/forms/template_form.h"
 #include "accounts/forms/template_select_form.h"
+#include "accounts/group_registration.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 namespace orvo::accounts_forms::testing {
 
@@ -336,6 +338,44 @@ TEST_F(TemplateFormsTest, CancellingTheChooserChoosesNothing) {
         nullptr, session_->Forms()->CreateForm(QStringLiteral("frmBROperTemplateSelect")),
         [](QDialog& dialog) { ui::DialogDriver::Click(dialog, QStringLiteral("cmdCancel")); });
     EXPECT_FALSE(r.Chosen);
+}
+
+TEST_F(TemplateFormsTest, AnOperationOfAGroupIsOfferedTheGroupsTemplatesWithItsPresetChosen) {
+    RegisterGroupClasses();
+    const QString cash = TemplateId(QStringLiteral("Kasos operacijos"));
+    const QString preset = TemplateId(QStringLiteral("Grynųjų paėmimas iš banko"));
+    const host::ExecResult made = session_->Db().Execute(
+        QStringLiteral("INSERT INTO BROperGroups (Name, FormOID, BRTemplateID, DefaultTemplateID) "
+                       "VALUES ('Kasos grupė', 'O0201500', ?, ?)"),
+        {Value(cash.toDouble()), Value(preset.toDouble())});
+    ASSERT_TRUE(made.ok()) << made.Text.toStdString();
+    const QString group = Scalar(QStringLiteral("SELECT ID FROM BROperGroups WHERE Name = ?"),
+                                 {Value(QStringLiteral("Kasos grupė"))});
+    const OrvoObjectUIOPtr operation = Object(QStringLiteral("O0201500"));
+    ASSERT_TRUE(operation);
+    operation->SetField(QStringLiteral("BROperGroupID"), Value(group.toDouble()));
+    QString caption;
+    QString selected;
+    QStringList names;
+    const TemplateChoiceResult r =
+        Choose(operation, session_->Forms()->CreateForm(QStringLiteral("frmBROperTemplateSelect")),
+               [&](QDialog& dialog) {
+                   caption = dialog.windowTitle();
+                   auto* tree = dialog.findChild<QTreeWidget*>(QStringLiteral("trwTemplates"));
+                   for (QTreeWidgetItemIterator it(tree); *it; ++it)
+                       names << (*it)->text(0);
+                   selected = dialog.findChild<QLineEdit*>(QStringLiteral("txtSelect"))->text();
+                   QTest::keyClicks(dialog.findChild<QLineEdit*>(QStringLiteral("txtSuma")),
+                                    QStringLiteral("7"));
+                   ui::DialogDriver::Click(dialog, QStringLiteral("cmdOK"));
+               });
+    EXPECT_EQ(caption, QStringLiteral("Grupės operacijų šablonai :"));
+    EXPECT_TRUE(names.contains(QStringLiteral("Grynųjų įnešimas į banką")));
+    EXPECT_FALSE(names.contains(QStringLiteral("Prekių pardavimas su PVM")));
+    EXPECT_EQ(selected, QStringLiteral("Grynųjų paėmimas iš banko"));
+    EXPECT_TRUE(r.Chosen);
+    EXPECT_EQ(r.TemplateID, preset.toLongLong());
+    EXPECT_DOUBLE_EQ(r.Sum, 7.0);
 }
 
 } // namespace
