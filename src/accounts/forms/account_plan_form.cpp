@@ -119,6 +119,8 @@ QWidget* FrmAccountPlan::BuildWidget() {
     roles_ = named(new QTreeWidget(root_), "LVProperties");
     roles_->setHeaderLabels({QStringLiteral("Atitikimas"), QStringLiteral("Sąskaita")});
     roles_->setRootIsDecorated(false);
+    roles_->setColumnWidth(0, 300);
+    root_->setMinimumWidth(560);
     column->addWidget(roles_, 1);
 
     auto* newRow = new QHBoxLayout;
@@ -216,6 +218,8 @@ void FrmAccountPlan::fill() {
     filling_ = false;
     root_->setWindowTitle(Caption());
     refreshButtons();
+    // The user starts in the record's own number.
+    (isClass ? accountClass_ : account_)->setFocus(Qt::OtherFocusReason);
 }
 
 void FrmAccountPlan::fillRoles() {

@@ -65,6 +65,9 @@ QWidget* FrmBRTemplate::BuildWidget() {
     rows_->setHeaderLabels({QStringLiteral("Debeto b/s"), QStringLiteral("Kredito b/s"),
                             QStringLiteral("Koeficientas")});
     rows_->setRootIsDecorated(false);
+    rows_->setColumnWidth(0, 250);
+    rows_->setColumnWidth(1, 250);
+    root_->setMinimumWidth(680);
     rows_->setContextMenuPolicy(Qt::CustomContextMenu);
     column->addWidget(rows_, 1);
 
