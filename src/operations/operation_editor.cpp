@@ -254,7 +254,10 @@ void OperationEditor::RunDefaultTemplate() {
 }
 
 void OperationEditor::ReadRelatedRows() {
-    Related = Catalogue::ReadRelated(op_);
+    // The book answers the rows that refer to this operation's entries by its reference.
+    const ValueResult answer = op_->Properties(
+        QStringLiteral("RelatedBR"), QStringLiteral("'") + op_->OIDR() + QStringLiteral("'"));
+    Related = answer.ok() ? answer.Value.toRecordset() : nullptr;
 }
 
 bool OperationEditor::CanWrite() const {
