@@ -286,3 +286,29 @@ TEST_F(OperationFormsTest, CommentOf1001CharactersIsCutTo1000OnScreenAndInTheBoo
 }
 
 } // namespace orvo::ui::testing
+
+namespace orvo::ui::testing {
+
+TEST_F(OperationFormsTest, CtrlNAfterASaveStartsANewOperationInTheSameGroup) {
+    const OrvoObjectUIOPtr op = NewOperation(2);
+    op->Methods(QStringLiteral("AddBR"),
+                {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
+                 Value(ValueArray())});
+    const auto form = OpenEditor(op);
+    ASSERT_TRUE(form);
+    QWidget* root = form->Widget();
+    auto* entries = Find<QTreeWidget>(root, "lvwBRRecords");
+    Type(Find<QLineEdit>(root, "txtNumber"), QStringLiteral("N-1"));
+    Click(root, "cmdWrite");
+    ASSERT_GE(op->OIDR().size(), 9) << Boxes().value(0).Text.toStdString();
+    EXPECT_TRUE(Find<QWidget>(root, "SSCNew")->isEnabled());
+    Shortcut(entries, Qt::Key_N);
+    EXPECT_EQ(root->windowTitle(), QStringLiteral(" Nauja finansinė operacija"));
+    EXPECT_LT(op->OIDR().size(), 9);
+    EXPECT_EQ(op->Field(QStringLiteral("BROperGroupID")).toInt32(), 2);
+    EXPECT_EQ(entries->topLevelItemCount(), 0);
+    EXPECT_TRUE(Find<QLineEdit>(root, "txtNumber")->text().isEmpty());
+    EXPECT_FALSE(Find<QWidget>(root, "cmdPrint")->isEnabled());
+}
+
+} // namespace orvo::ui::testing
