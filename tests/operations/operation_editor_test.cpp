@@ -24,7 +24,7 @@ protected:
                 Table({F("OIDR"), F("FormOID"), F("Preview"), F("Serija"), F("SerijaIndication"),
                        F("ANMask"), F("BRTemplateID"), F("DefaultTemplateID"), F("Parameters")},
                       {{"O02014003", formOid, "Pardavimai", "PR", qint16(1), "", qint32(0),
-                        qint32(0), ""}})));
+                        qint32(0), groupParameters}})));
         });
         bo->handlers.insert("DO0201500_SaveOrvoObject", [this](const QString&, const Value& data) {
             received = data.toRecordset();
@@ -50,6 +50,7 @@ protected:
     }
 
     QString formOid = "O0201500";
+    QString groupParameters;
     QString parentAsked;
     bool refuse = false;
     RecordsetPtr received;
@@ -270,4 +271,43 @@ TEST_F(OperationEditorTest, ModalEditorIsReadOnlyWithNoNewOperation) {
     EXPECT_FALSE(editor.GroupAndCommentPickEnabled);
     EXPECT_FALSE(editor.ViewsEnabled);
     EXPECT_FALSE(editor.CanNew());
+}
+
+TEST_F(OperationEditorTest, GroupParametersBecomeTheNextActionRunOnceByTheTimer) {
+    groupParameters = "Skolų dengimas";
+    OperationEditor editor(op);
+    editor.Load(false);
+    EXPECT_EQ(editor.NextAction, "Skolų dengimas");
+    EXPECT_TRUE(editor.TimerPending);
+    // No window of that name here: the user is told, and the timer is spent.
+    EXPECT_EQ(editor.RunNextAction(), OperationEditor::CardFollowup::None);
+    EXPECT_FALSE(editor.TimerPending);
+    ASSERT_FALSE(messages->boxes.isEmpty());
+    EXPECT_EQ(messages->boxes.last().kind, MessageKind::Warning);
+    EXPECT_EQ(messages->boxes.last().text, "Nepavyko atidaryti lango frmDebtsCover!");
+}
+
+TEST_F(OperationEditorTest, TemplateNextActionOpensTheCardOfTheFirstEntry) {
+    const QString first = addEntry({"2410", "5000", 10.0, ValueArray{}});
+    addEntry({"2710", "2410", 4.5, ValueArray{}});
+    OperationEditor editor(op);
+    editor.Load(false);
+    QString opened;
+    bool restricted = true;
+    forms->Register("frmBROperRecord", [&opened, &restricted]() {
+        auto card = std::make_shared<ScriptedEntryCard>();
+        card->flag = 1;
+        card->onShow = [&opened, &restricted](ScriptedEntryCard& c) {
+            opened = c.guid;
+            restricted = c.restricted;
+        };
+        return card;
+    });
+    editor.NextAction = "TemplateBR";
+    EXPECT_EQ(editor.RunNextAction(), OperationEditor::CardFollowup::None);
+    EXPECT_EQ(opened, first);
+    // With the edit right the card is not restricted.
+    EXPECT_FALSE(restricted);
+    EXPECT_TRUE(editor.NextAction.isEmpty());
+    EXPECT_TRUE(editor.Changed);
 }
