@@ -29,6 +29,14 @@ public:
     explicit KeyFilter(FrmAccountPlan& form) : QObject(form.root_), form_(form) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        // The window closed by its frame asks as SSCClose does.
+        if (watched == form_.root_ && event->type() == QEvent::Close) {
+            if (!form_.closing_ && form_.editor_ && form_.editor_->Changed() && !form_.askClose()) {
+                event->ignore();
+                return true;
+            }
+            return false;
+        }
         auto* box = qobject_cast<QLineEdit*>(watched);
         if (!box)
             return false;
@@ -153,6 +161,7 @@ QWidget* FrmAccountPlan::BuildWidget() {
     for (size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 
+    root_->installEventFilter(keys_);
     accountClass_->installEventFilter(keys_);
     account_->installEventFilter(keys_);
 
@@ -331,14 +340,19 @@ void FrmAccountPlan::NewSameLevel() {
     fill();
 }
 
+bool FrmAccountPlan::askClose() {
+    const OrvoServicesPtr s = Services();
+    const MessagesPtr messages = s ? s->MessagesService() : nullptr;
+    return messages && messages->Ask(AccountPlanEditor::CloseQuestion(Caption()), AppTitle());
+}
+
 bool FrmAccountPlan::CloseForm() {
-    if (editor_ && editor_->Changed()) {
-        const OrvoServicesPtr s = Services();
-        const MessagesPtr messages = s ? s->MessagesService() : nullptr;
-        if (!messages || !messages->Ask(AccountPlanEditor::CloseQuestion(Caption()), AppTitle()))
-            return false;
-    }
+    if (editor_ && editor_->Changed() && !askClose())
+        return false;
+    // Asked once: the window's own close must not ask again.
+    closing_ = true;
     CloseFormWindow(*this, root_, false);
+    closing_ = false;
     return true;
 }
 

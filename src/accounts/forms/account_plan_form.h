@@ -58,6 +58,8 @@ private:
     void pickNewAccount();
     void cleanNewAccount();
     bool showNewAccount() const;
+    // The closing question; true when the user closes without saving.
+    bool askClose();
 
     std::unique_ptr<AccountPlanEditor> editor_;
     QWidget* root_ = nullptr;
@@ -82,6 +84,8 @@ private:
     KeyFilter* keys_ = nullptr;
     // Set while the boxes are being filled, so that filling marks nothing as changed.
     bool filling_ = false;
+    // Set while the form closes its own window after asking.
+    bool closing_ = false;
 };
 
 } // namespace orvo::accounts_forms

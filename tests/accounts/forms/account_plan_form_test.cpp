@@ -8,6 +8,8 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QMdiSubWindow>
+#include <QPointer>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -378,6 +380,25 @@ TEST_F(AccountPlanFormTest, TheMatchingAccountRowShowsOnlyInTheFullPlanMode) {
     EXPECT_EQ(Box(full, "txtNewAcc")->text(), QString());
     EXPECT_TRUE(object->Field(QStringLiteral("NewID")).isNull());
     EXPECT_TRUE(Button(full, "cmdEnter")->isEnabled());
+}
+
+TEST_F(AccountPlanFormTest, ClosingTheWindowByItsFrameWithChangesAsksToo) {
+    const auto form = OpenStored(QStringLiteral("2410"));
+    ASSERT_TRUE(form);
+    Type(Box(form, "txtName"), QStringLiteral("x"));
+    AnswerBoxes(QStringLiteral("cmdNo"));
+    window_->Desk()->WindowOf(form.get())->close();
+    QApplication::processEvents();
+    ASSERT_EQ(Boxes().size(), 1);
+    EXPECT_EQ(window_->Desk()->Forms().size(), 1);
+    EXPECT_TRUE(window_->Desk()->WindowOf(form.get())->isVisible());
+    AnswerBoxes(QStringLiteral("cmdYes"));
+    const QPointer<QMdiSubWindow> frame = window_->Desk()->WindowOf(form.get());
+    frame->close();
+    QApplication::processEvents();
+    EXPECT_EQ(Boxes().size(), 1);
+    // The frame is closed now and deleted by Qt later.
+    EXPECT_TRUE(!frame || !frame->isVisible());
 }
 
 } // namespace
