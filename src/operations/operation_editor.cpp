@@ -22,9 +22,9 @@ const QString kPlainKind = QStringLiteral("O0201500");
 
 // The forms a next action or the panel menu opens on the same operation.
 QString settlementFormFor(const QString& action) {
-    if (action == QLatin1String("Skolų dengimas"))
+    if (action == QStringLiteral("Skolų dengimas"))
         return QStringLiteral("frmDebtsCover");
-    if (action == QLatin1String("Valiutos perskaičiavimas"))
+    if (action == QStringLiteral("Valiutos perskaičiavimas"))
         return QStringLiteral("frmCurrencyInfluence");
     if (action == QLatin1String("Valiutos pirkimas/pardavimas") ||
         action == QLatin1String("Valiutos pirkimas / pardavimas"))
