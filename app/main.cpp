@@ -7,7 +7,7 @@
 // which is how the look of the program is checked without a screen; --form NAME puts a
 // registered form, on a demo object, on the desktop first.
 #include "accounts/account_registration.h"
-#include "accounts/template_registration.h"
+#include "accounts/forms/account_forms_registration.h"
 #include "core/today.h"
 #include "frame/object_registry.h"
 #include "frame/orvo_object_ui.h"
@@ -16,6 +16,7 @@
 #include "host/demo/demo_book.h"
 #include "host/script/plain_navigators.h"
 #include "host/session/host_session.h"
+#include "operations/forms/operation_forms.h"
 #include "operations/operation_registration.h"
 #include "ui/services/dialog_driver.h"
 #include "ui/shell/desktop_forms.h"
@@ -27,6 +28,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -62,16 +64,21 @@ int createDemoBook(const QString& location, QTextStream& err) {
 void registerClasses() {
     RegisterOperationClasses();
     RegisterAccountClasses();
-    RegisterTemplateClasses();
     HostSession::RegisterCatalogueClasses();
     RegisterPlainNavigators();
 }
 
 // The object a form is shown on for a picture: the first operation of the book, or a
 // new one when the book has none.
-OrvoObjectUIOPtr demoObject(HostSession& session) {
+// The object a form is shown on in a picture: the first stored record of the form's
+// kind, or a blank one when the book has none.
+OrvoObjectUIOPtr demoObject(HostSession& session, const QString& formName) {
+    static const QHash<QString, QString> kinds = {
+        {QStringLiteral("frmAccountPlan"), QStringLiteral("O0200400")},
+        {QStringLiteral("frmBRTemplate"), QStringLiteral("O0201600")},
+    };
     const OrvoObjectsServicePtr objects = session.Services()->ObjectsService();
-    const QString kind = QStringLiteral("O0201500");
+    const QString kind = kinds.value(formName, QStringLiteral("O0201500"));
     if (const OrvoObjectUIPtr navigator = objects->GetObjectUI(kind)) {
         const RecordsetPtr rows =
             navigator->GetOrvoObjectList(kind, QStringLiteral("1"), QStringLiteral("1"));
@@ -149,6 +156,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     HostSession& session = *opened.Session;
+    // The editors of the subsystems, opened by name from the tree and the forms.
+    RegisterAccountForms(*session.Forms());
+    RegisterOperationForms(*session.Forms());
 
     int code = 0;
     {
@@ -162,7 +172,7 @@ int main(int argc, char** argv) {
                     err << ui::DeskTopForms::MissingFormText(formName) << Qt::endl;
                     return 1;
                 }
-                window.OpenForm(formName, demoObject(session));
+                window.OpenForm(formName, demoObject(session, formName));
             } else if (QTreeWidgetItem* chart =
                            window.Tree()->NodeByTitle(QStringLiteral("Sąskaitų planas"))) {
                 // The picture shows one list opened, so that it shows what the tree holds.

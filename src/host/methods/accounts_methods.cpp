@@ -6,6 +6,7 @@
 #include "host/methods/account_locks.h"
 #include "host/methods/account_record_methods.h"
 #include "host/methods/account_settings.h"
+#include "host/methods/group_reference.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
@@ -66,6 +67,9 @@ BOResult rowsOrFailure(RecordsetPtr rs, const QString& error) {
 
 BOResult parentOf(Database& db, const QString& reference) {
     const QString ref = reference.trimmed();
+    // The operation's side asks the same name for its group.
+    if (IsGroupReference(ref))
+        return GroupByReference(db, ref);
     QString error;
     QString childWhere;
     Value key;
@@ -236,7 +240,10 @@ ResultRecord RegisterAccountMethods(MethodRegistry& methods) {
                {ParameterSpec::Required(QStringLiteral("Account"), ParameterKind::Text)},
                AccountRowFields(),
                QStringLiteral("The account row of the parent of an account (by number or OIDR); "
-                              "no row for a class."),
+                              "no row for a class. For a group's reference (O0201400 + ID) the "
+                              "group's row instead: OIDR, Preview, PreviewPath, FormOID, "
+                              "Parameters, BRTemplateID, DefaultTemplateID, SerijaIndication, "
+                              "Serija, AccountCode, ANMask, ANPrefix, ANTemplate."),
                [](Database& db, const MethodArguments& a) {
                    return parentOf(db, a.Text(QStringLiteral("Account")));
                }),
