@@ -145,20 +145,7 @@ ClickResult UI0201600::remove(const QString& oid) {
 }
 
 ClickResult UI0201600::select(const QString& oid) {
-    ClickResult result;
-    const OrvoServicesPtr services = OrvoS();
-    const OrvoShellServicePtr shell = services ? services->ShellService() : nullptr;
-    if (!shell)
-        return result;
-    const ValueResult answer = shell->Methods(QStringLiteral("SelectionDialog"), {Value(oid)});
-    const QString criteria = answer.Code == 0 ? answer.Value.toString() : QString();
-    if (criteria.isEmpty())
-        return result;
-    result.Action = ClickResult::NarrowList;
-    result.Payload =
-        Value(ValueArray{Value(GetOrvoObjectList(oid, QString(), QString())),
-                         Value(QStringLiteral("'','") + criteria + QStringLiteral("'"))});
-    return result;
+    return NarrowBySelection(oid, [&] { return GetOrvoObjectList(oid, QString(), QString()); });
 }
 
 } // namespace orvo

@@ -5,6 +5,7 @@
 #include "frame/orvo_object_uio.h"
 #include "frame/orvo_s.h"
 #include "frame/orvo_services.h"
+#include "frame/orvo_shell_service.h"
 
 namespace orvo {
 
@@ -72,6 +73,25 @@ void OrvoObjectUIBase::SetOrvoS(const OrvoServicesPtr& services) {
 
 OrvoServicesPtr OrvoObjectUIBase::Services() const {
     return services_ ? services_ : OrvoS();
+}
+
+ClickResult OrvoObjectUIBase::NarrowBySelection(const QString& oid,
+                                                const std::function<RecordsetPtr()>& list) {
+    ClickResult result;
+    const OrvoServicesPtr services = OrvoS();
+    const OrvoShellServicePtr shell = services ? services->ShellService() : nullptr;
+    if (!shell)
+        return result;
+    const ValueResult answer = shell->Methods(QStringLiteral("SelectionDialog"), {Value(oid)});
+    const QString criteria = answer.Code == 0 ? answer.Value.toString() : QString();
+    if (criteria.isEmpty())
+        return result;
+    const RecordsetPtr rows = list ? list() : nullptr;
+    result.Action = ClickResult::NarrowList;
+    result.Payload =
+        Value(ValueArray{rows ? Value(rows) : Value(),
+                         Value(QStringLiteral("'','") + criteria + QStringLiteral("'"))});
+    return result;
 }
 
 } // namespace orvo

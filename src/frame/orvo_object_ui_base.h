@@ -13,6 +13,8 @@
 #include "frame/orvo_object_ui.h"
 #include "frame/orvo_object_ui_core.h"
 
+#include <functional>
+
 namespace orvo {
 
 class OrvoObjectUIBase : public OrvoObjectUI {
@@ -55,6 +57,11 @@ protected:
     // A new, unread data object for `oid`: by default the registered data object of the
     // argument's kind when there is one, else of this navigator's code.
     virtual OrvoObjectUIOPtr NewDataObject(const QString& oid);
+
+    // "Atrinkti": the host's selection dialog gives the criteria; with an answer the
+    // host is told to narrow its list (Action 4) to `list()` with the criteria text
+    // "'','" + answer + "'". No shell or no answer: no action.
+    ClickResult NarrowBySelection(const QString& oid, const std::function<RecordsetPtr()>& list);
 
 private:
     QString className_;

@@ -185,24 +185,13 @@ ClickResult UI0201500::newRecord(const QString& oid, const QString& parameters,
 }
 
 ClickResult UI0201500::select(const QString& oid) {
-    ClickResult result;
-    const OrvoServicesPtr services = OrvoS();
-    const OrvoShellServicePtr shell = services ? services->ShellService() : nullptr;
-    if (!shell)
-        return result;
-    const ValueResult answer = shell->Methods(QStringLiteral("SelectionDialog"), {Value(oid)});
-    const QString criteria = answer.Code == 0 ? answer.Value.toString() : QString();
-    if (criteria.isEmpty())
-        return result;
-    const OrvoObjectsServicePtr objects = services->ObjectsService();
-    const OrvoObjectUIPtr navigator = objects ? objects->GetObjectUI(kOperation) : nullptr;
-    const RecordsetPtr list =
-        navigator ? navigator->GetOrvoObjectList(oid, QString(), QString()) : nullptr;
-    result.Action = ClickResult::NarrowList;
-    result.Payload =
-        Value(ValueArray{list ? Value(list) : Value(),
-                         Value(QStringLiteral("'','") + criteria + QStringLiteral("'"))});
-    return result;
+    // The list comes from the operations' own navigator, whichever node asked.
+    return NarrowBySelection(oid, [&]() -> RecordsetPtr {
+        const OrvoServicesPtr services = OrvoS();
+        const OrvoObjectsServicePtr objects = services ? services->ObjectsService() : nullptr;
+        const OrvoObjectUIPtr navigator = objects ? objects->GetObjectUI(kOperation) : nullptr;
+        return navigator ? navigator->GetOrvoObjectList(oid, QString(), QString()) : nullptr;
+    });
 }
 
 ClickResult UI0201500::search() {
