@@ -50,6 +50,20 @@ TEST(DesktopProgram, ScreenshotWritesAPngOfTheMainWindow) {
     EXPECT_GT(colours.size(), 20);
 }
 
+TEST(DesktopProgram, ScreenshotOfARegisteredFormShowsItOnItsKindsObject) {
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString book = dir.filePath(QStringLiteral("demo.orvo"));
+    ASSERT_TRUE(MakeDemoBook(book).isEmpty());
+    const QString png = dir.filePath(QStringLiteral("planas.png"));
+    const ProgramRun run = runProgram({book, QStringLiteral("--screenshot"), png,
+                                       QStringLiteral("--form"), QStringLiteral("frmAccountPlan")});
+    EXPECT_EQ(run.Code, 0) << run.Err.toStdString();
+    const QImage image(png);
+    ASSERT_FALSE(image.isNull());
+    EXPECT_GT(QFileInfo(png).size(), 10000);
+}
+
 TEST(DesktopProgram, ScreenshotOfAFormNobodyRegisteredIsRefused) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
@@ -57,9 +71,9 @@ TEST(DesktopProgram, ScreenshotOfAFormNobodyRegisteredIsRefused) {
     ASSERT_TRUE(MakeDemoBook(book).isEmpty());
     const QString png = dir.filePath(QStringLiteral("forma.png"));
     const ProgramRun run = runProgram({book, QStringLiteral("--screenshot"), png,
-                                       QStringLiteral("--form"), QStringLiteral("frmBROper")});
+                                       QStringLiteral("--form"), QStringLiteral("frmNeraTokio")});
     EXPECT_EQ(run.Code, 1);
-    EXPECT_TRUE(run.Err.contains(QStringLiteral("Langas „frmBROper“ dar neįdiegtas.")))
+    EXPECT_TRUE(run.Err.contains(QStringLiteral("Langas „frmNeraTokio“ dar neįdiegtas.")))
         << run.Err.toStdString();
     EXPECT_FALSE(QFileInfo::exists(png));
 }
