@@ -197,19 +197,13 @@ BOResult roleHolders(Database& db) {
 
 using Body = std::function<BOResult(Database&, const MethodArguments&)>;
 
+// The chart's methods only need the book itself.
 MethodDefinition method(const QString& name, QVector<ParameterSpec> parameters, FieldDefs fields,
                         const QString& doc, Body body) {
-    MethodDefinition m;
-    m.name = name;
-    m.parameters = std::move(parameters);
-    m.fields = std::move(fields);
-    m.doc = doc;
-    m.handler = [name, body](MethodContext& ctx, const MethodArguments& args) {
-        if (!ctx.database)
-            return NoBookResult(name);
-        return body(*ctx.database, args);
-    };
-    return m;
+    return BookMethod(name, std::move(parameters), std::move(fields), doc,
+                      [body](MethodContext& ctx, const MethodArguments& args) {
+                          return body(*ctx.database, args);
+                      });
 }
 
 } // namespace

@@ -45,23 +45,6 @@ qint64 idOf(const Value& v) {
     return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
 }
 
-using Body = std::function<BOResult(MethodContext&, const MethodArguments&)>;
-
-MethodDefinition method(const QString& name, QVector<ParameterSpec> parameters, FieldDefs fields,
-                        const QString& doc, Body body) {
-    MethodDefinition m;
-    m.name = name;
-    m.parameters = std::move(parameters);
-    m.fields = std::move(fields);
-    m.doc = doc;
-    m.handler = [name, body](MethodContext& ctx, const MethodArguments& args) {
-        if (!ctx.database)
-            return NoBookResult(name);
-        return body(ctx, args);
-    };
-    return m;
-}
-
 FieldDefs formTypeFields() {
     return {text("Name", 100), text("OID", 8)};
 }
@@ -270,19 +253,20 @@ QList<QPair<QString, QString>> GroupFormTypes() {
 
 ResultRecord RegisterGroupMethods(MethodRegistry& methods) {
     QVector<MethodDefinition> list;
-    list << method(QStringLiteral("GetFormTypes"), {optionalText("Filter")}, formTypeFields(),
-                   QStringLiteral("The document kinds of a group's operations, rows Name, OID; "
-                                  "the plain financial operation first, as the default."),
-                   [](MethodContext&, const MethodArguments&) { return formTypes(); });
+    list << BookMethod(QStringLiteral("GetFormTypes"), {optionalText("Filter")}, formTypeFields(),
+                       QStringLiteral("The document kinds of a group's operations, rows Name, OID; "
+                                      "the plain financial operation first, as the default."),
+                       [](MethodContext&, const MethodArguments&) { return formTypes(); });
     for (const char* name : {"GetMyFirmAccounts", "DO0201400_GetMyFirmAccounts"})
-        list << method(QString::fromLatin1(name), {optionalText("Filter")}, firmAccountFields(),
-                       QStringLiteral("The own firm's bank accounts, the main one first: "
-                                      "AccountNumber, Name and OIDR of the bank, AccOIDR of the "
-                                      "account, Preview, MainAccountFlag."),
-                       [](MethodContext& ctx, const MethodArguments&) {
-                           return myFirmAccounts(*ctx.database);
-                       });
-    list << method(
+        list << BookMethod(
+            QString::fromLatin1(name), {optionalText("Filter")}, firmAccountFields(),
+            QStringLiteral("The own firm's bank accounts, the main one first: "
+                           "AccountNumber, Name and OIDR of the bank, AccOIDR of the "
+                           "account, Preview, MainAccountFlag."),
+            [](MethodContext& ctx, const MethodArguments&) {
+                return myFirmAccounts(*ctx.database);
+            });
+    list << BookMethod(
         QStringLiteral("DO0201400_GetAccountSettings"), {optionalText("AccountCode")},
         {text("Code", 10), text("CodeName", 255), text("Account", 30), text("AccountName", 255)},
         QStringLiteral("The account settings of a group's named set: the chart's "
@@ -291,26 +275,27 @@ ResultRecord RegisterGroupMethods(MethodRegistry& methods) {
             return accountSettings(*ctx.database, a.Text(QStringLiteral("AccountCode")), QString(),
                                    false);
         });
-    list << method(QStringLiteral("DO0201400_GetPresetAccounts"),
-                   {optionalText("Code"), optionalText("AccountCode")},
-                   {text("Code", 10), text("Account", 30), text("Name", 255)},
-                   QStringLiteral("The account settings read by Code (PresetAccounts): rows "
-                                  "Code, Account, Name; the book-wide ones without a set."),
-                   [](MethodContext& ctx, const MethodArguments& a) {
-                       return accountSettings(*ctx.database, a.Text(QStringLiteral("AccountCode")),
-                                              a.Text(QStringLiteral("Code")), true);
-                   });
-    list << method(QStringLiteral("DO0201400_GetGroupNodes"),
-                   {optionalText("OID"), optionalText("From"), optionalText("To")}, listFields(),
-                   QStringLiteral("The groups under a group by name, then the group's operations "
-                                  "dated From..To (yyyy.mm.dd, empty for no bound)."),
-                   [](MethodContext& ctx, const MethodArguments& a) {
-                       return groupNodes(*ctx.database, QStringLiteral("DO0201400_GetGroupNodes"),
-                                         a.Text(QStringLiteral("OID")),
-                                         a.Text(QStringLiteral("From")),
-                                         a.Text(QStringLiteral("To")));
-                   });
-    list << method(
+    list << BookMethod(QStringLiteral("DO0201400_GetPresetAccounts"),
+                       {optionalText("Code"), optionalText("AccountCode")},
+                       {text("Code", 10), text("Account", 30), text("Name", 255)},
+                       QStringLiteral("The account settings read by Code (PresetAccounts): rows "
+                                      "Code, Account, Name; the book-wide ones without a set."),
+                       [](MethodContext& ctx, const MethodArguments& a) {
+                           return accountSettings(*ctx.database,
+                                                  a.Text(QStringLiteral("AccountCode")),
+                                                  a.Text(QStringLiteral("Code")), true);
+                       });
+    list << BookMethod(
+        QStringLiteral("DO0201400_GetGroupNodes"),
+        {optionalText("OID"), optionalText("From"), optionalText("To")}, listFields(),
+        QStringLiteral("The groups under a group by name, then the group's operations "
+                       "dated From..To (yyyy.mm.dd, empty for no bound)."),
+        [](MethodContext& ctx, const MethodArguments& a) {
+            return groupNodes(*ctx.database, QStringLiteral("DO0201400_GetGroupNodes"),
+                              a.Text(QStringLiteral("OID")), a.Text(QStringLiteral("From")),
+                              a.Text(QStringLiteral("To")));
+        });
+    list << BookMethod(
         QStringLiteral("GetAutoNumber"),
         {ParameterSpec::Required(QStringLiteral("GroupID"), ParameterKind::Integer),
          ParameterSpec::Required(QStringLiteral("UserID"), ParameterKind::Integer),

@@ -1,11 +1,27 @@
 #include "host/methods/method_helpers.h"
 
+#include "host/methods/method_context.h"
 #include "host/storage/database.h"
 
 namespace orvo::host {
 
 BOResult NoBookResult(const QString& method) {
     return BOResult::Failure(1, QStringLiteral("%1: knyga neatidaryta.").arg(method));
+}
+
+MethodDefinition BookMethod(const QString& name, QVector<ParameterSpec> parameters,
+                            FieldDefs fields, const QString& doc, BookMethodBody body) {
+    MethodDefinition m;
+    m.name = name;
+    m.parameters = std::move(parameters);
+    m.fields = std::move(fields);
+    m.doc = doc;
+    m.handler = [name, body = std::move(body)](MethodContext& ctx, const MethodArguments& args) {
+        if (!ctx.database)
+            return NoBookResult(name);
+        return body(ctx, args);
+    };
+    return m;
 }
 
 RecordsetPtr InputRecordset(const Value& input) {

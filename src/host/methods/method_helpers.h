@@ -1,10 +1,14 @@
 // Small pieces every group of business-object methods needs, kept in one place: the
-// refusal of a method that needs a book when the session has none, the recordset a
-// storing method was handed, and the paging of lists by 1-based positions.
+// refusal of a method that needs a book when the session has none, a method definition
+// that refuses so before its body runs, the recordset a storing method was handed, and
+// the paging of lists by 1-based positions.
 #pragma once
 
 #include "core/recordset.h"
 #include "core/results.h"
+#include "host/methods/method_definition.h"
+
+#include <functional>
 
 namespace orvo::host {
 
@@ -12,6 +16,11 @@ class Database;
 
 // "<method>: knyga neatidaryta." with a non-zero code.
 BOResult NoBookResult(const QString& method);
+// A method whose body runs only when the session has a book; without one it answers
+// NoBookResult under its own name.
+using BookMethodBody = std::function<BOResult(MethodContext&, const MethodArguments&)>;
+MethodDefinition BookMethod(const QString& name, QVector<ParameterSpec> parameters,
+                            FieldDefs fields, const QString& doc, BookMethodBody body);
 // The recordset handed in with a call: the value itself, or the first of an array (a
 // data object's save may hand over its recordset with two more).
 RecordsetPtr InputRecordset(const Value& input);

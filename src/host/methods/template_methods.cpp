@@ -481,23 +481,6 @@ BOResult deleteTemplateSet(Database& db, qint64 id) {
     return BOResult::Of(Value(qint32(set.size())));
 }
 
-using Handler = std::function<BOResult(MethodContext&, const MethodArguments&)>;
-
-MethodDefinition method(const QString& name, QVector<ParameterSpec> parameters, FieldDefs fields,
-                        const QString& doc, Handler body) {
-    MethodDefinition m;
-    m.name = name;
-    m.parameters = std::move(parameters);
-    m.fields = std::move(fields);
-    m.doc = doc;
-    m.handler = [name, body](MethodContext& ctx, const MethodArguments& args) {
-        if (!ctx.database)
-            return NoBookResult(name);
-        return body(ctx, args);
-    };
-    return m;
-}
-
 ParameterSpec optionalText(const char* name) {
     return ParameterSpec::Optional(QString::fromLatin1(name), ParameterKind::Text,
                                    Value(QString()));
@@ -537,7 +520,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
     const QString prefix = QStringLiteral("D") + kind->Code + QStringLiteral("_");
     QVector<MethodDefinition> list;
 
-    list << method(
+    list << BookMethod(
         prefix + QStringLiteral("GetOrvoObject"), {requiredText("OIDR")},
         ObjectStore::RecordFields(kind->Root),
         QStringLiteral("The template or template group with its entries (BRTemplateAcc) and "
@@ -552,7 +535,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
                 return notAReference(kind->Code, oidr);
             return store.Read(*kind, id);
         });
-    list << method(
+    list << BookMethod(
         prefix + QStringLiteral("SaveOrvoObject"), {optionalText("OIDR")},
         {text("OIDR", 30), typed("ID", FieldType::Integer), text("LockGUID", 40)},
         QStringLiteral("Stores the template handed in with its entries and addressees in one "
@@ -570,51 +553,51 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
             ObjectStore store(*ctx.database);
             return store.Save(*kind, id, InputRecordset(a.Input()));
         });
-    list << method(prefix + QStringLiteral("DeleteOrvoObject"), {requiredText("OIDR")},
-                   {typed("Count", FieldType::Integer)},
-                   QStringLiteral("Removes the template with its entries, or the group with "
-                                  "everything below it (as DeleteTemplateSet)."),
-                   [kind](MethodContext& ctx, const MethodArguments& a) {
-                       const QString ref = a.Text(QStringLiteral("OIDR"));
-                       const qint64 id = referenceId(*kind, ref);
-                       if (id == 0)
-                           return notAReference(kind->Code, ref);
-                       return deleteTemplateSet(*ctx.database, id);
-                   });
-    list << method(prefix + QStringLiteral("GetOrvoObjectList"),
-                   {optionalText("OID"), optionalText("From"), optionalText("To")}, listFields(),
-                   QStringLiteral("The records under one node of the tree: the top level for the "
-                                  "bare code, a group's records for its OIDR; groups first, then "
-                                  "by name. From and To are 1-based positions."),
-                   [kind](MethodContext& ctx, const MethodArguments& a) {
-                       return childList(*ctx.database, *kind, a.Text(QStringLiteral("OID")),
-                                        ListPosition(a.Text(QStringLiteral("From"))),
-                                        ListPosition(a.Text(QStringLiteral("To"))));
-                   });
-    list << method(QStringLiteral("GetTemplateList"), {optionalText("GroupID")},
-                   templateListFields(),
-                   QStringLiteral("The rows a template chooser builds its tree from, each parent "
-                                  "before its children: every record, or (with a group's ID) "
-                                  "that group and all below it. AccPreview lists the entries."),
-                   [kind](MethodContext& ctx, const MethodArguments& a) {
-                       const QString group = a.Text(QStringLiteral("GroupID")).trimmed();
-                       return templateList(*ctx.database, *kind,
-                                           group.isEmpty() || group == QLatin1String("None")
-                                               ? 0
-                                               : referenceId(*kind, group));
-                   });
-    list << method(QStringLiteral("GetTemplateAccAndAddr"), {requiredText("ID")}, linesFields(),
-                   QStringLiteral("The entries of a template in stored order with their "
-                                  "demanded addressees nested as RequiredAddr (Sign, FOID, and "
-                                  "FOIDR with ShowString for a fixed one)."),
-                   [kind](MethodContext& ctx, const MethodArguments& a) {
-                       const QString ref = a.Text(QStringLiteral("ID"));
-                       const qint64 id = referenceId(*kind, ref);
-                       if (id == 0)
-                           return refused(QStringLiteral("Operacijos šablonas nerastas!"));
-                       return templateLines(*ctx.database, id);
-                   });
-    list << method(
+    list << BookMethod(prefix + QStringLiteral("DeleteOrvoObject"), {requiredText("OIDR")},
+                       {typed("Count", FieldType::Integer)},
+                       QStringLiteral("Removes the template with its entries, or the group with "
+                                      "everything below it (as DeleteTemplateSet)."),
+                       [kind](MethodContext& ctx, const MethodArguments& a) {
+                           const QString ref = a.Text(QStringLiteral("OIDR"));
+                           const qint64 id = referenceId(*kind, ref);
+                           if (id == 0)
+                               return notAReference(kind->Code, ref);
+                           return deleteTemplateSet(*ctx.database, id);
+                       });
+    list << BookMethod(
+        prefix + QStringLiteral("GetOrvoObjectList"),
+        {optionalText("OID"), optionalText("From"), optionalText("To")}, listFields(),
+        QStringLiteral("The records under one node of the tree: the top level for the "
+                       "bare code, a group's records for its OIDR; groups first, then "
+                       "by name. From and To are 1-based positions."),
+        [kind](MethodContext& ctx, const MethodArguments& a) {
+            return childList(*ctx.database, *kind, a.Text(QStringLiteral("OID")),
+                             ListPosition(a.Text(QStringLiteral("From"))),
+                             ListPosition(a.Text(QStringLiteral("To"))));
+        });
+    list << BookMethod(
+        QStringLiteral("GetTemplateList"), {optionalText("GroupID")}, templateListFields(),
+        QStringLiteral("The rows a template chooser builds its tree from, each parent "
+                       "before its children: every record, or (with a group's ID) "
+                       "that group and all below it. AccPreview lists the entries."),
+        [kind](MethodContext& ctx, const MethodArguments& a) {
+            const QString group = a.Text(QStringLiteral("GroupID")).trimmed();
+            return templateList(
+                *ctx.database, *kind,
+                group.isEmpty() || group == QLatin1String("None") ? 0 : referenceId(*kind, group));
+        });
+    list << BookMethod(QStringLiteral("GetTemplateAccAndAddr"), {requiredText("ID")}, linesFields(),
+                       QStringLiteral("The entries of a template in stored order with their "
+                                      "demanded addressees nested as RequiredAddr (Sign, FOID, and "
+                                      "FOIDR with ShowString for a fixed one)."),
+                       [kind](MethodContext& ctx, const MethodArguments& a) {
+                           const QString ref = a.Text(QStringLiteral("ID"));
+                           const qint64 id = referenceId(*kind, ref);
+                           if (id == 0)
+                               return refused(QStringLiteral("Operacijos šablonas nerastas!"));
+                           return templateLines(*ctx.database, id);
+                       });
+    list << BookMethod(
         prefix + QStringLiteral("GetEnabledAddressee"),
         {requiredText("Account"),
          ParameterSpec::Optional(QStringLiteral("Sign"), ParameterKind::Integer, Value(qint32(0)))},
@@ -626,7 +609,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
             return enabledAddressee(ctx, a.Text(QStringLiteral("Account")),
                                     a.Integer(QStringLiteral("Sign")));
         });
-    list << method(
+    list << BookMethod(
         QStringLiteral("AddBRTemplateSet"),
         {requiredText("Object"), requiredText("Key"),
          ParameterSpec::Optional(QStringLiteral("ID"), ParameterKind::Integer, Value(qint32(0)))},
@@ -638,17 +621,17 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
             return addTemplateSet(*ctx.database, *kind, a.Text(QStringLiteral("Object")),
                                   a.Text(QStringLiteral("Key")), a.Integer(QStringLiteral("ID")));
         });
-    list << method(QStringLiteral("DeleteTemplateSet"), {requiredText("OIDR")},
-                   {typed("Count", FieldType::Integer)},
-                   QStringLiteral("Removes a template with its entries, or a group with every "
-                                  "group and template below it; how many records went."),
-                   [kind](MethodContext& ctx, const MethodArguments& a) {
-                       const QString ref = a.Text(QStringLiteral("OIDR"));
-                       const qint64 id = referenceId(*kind, ref);
-                       if (id == 0)
-                           return notAReference(QStringLiteral("DeleteTemplateSet"), ref);
-                       return deleteTemplateSet(*ctx.database, id);
-                   });
+    list << BookMethod(QStringLiteral("DeleteTemplateSet"), {requiredText("OIDR")},
+                       {typed("Count", FieldType::Integer)},
+                       QStringLiteral("Removes a template with its entries, or a group with every "
+                                      "group and template below it; how many records went."),
+                       [kind](MethodContext& ctx, const MethodArguments& a) {
+                           const QString ref = a.Text(QStringLiteral("OIDR"));
+                           const qint64 id = referenceId(*kind, ref);
+                           if (id == 0)
+                               return notAReference(QStringLiteral("DeleteTemplateSet"), ref);
+                           return deleteTemplateSet(*ctx.database, id);
+                       });
 
     for (const MethodDefinition& m : list) {
         const ResultRecord r = methods.Register(m);
