@@ -2,8 +2,6 @@
 
 #include "accounts/account_plan_print.h"
 #include "accounts/forms/form_support.h"
-#include "accounts/forms/list_report_preview.h"
-#include "frame/messages.h"
 
 namespace orvo::accounts_forms {
 
@@ -19,17 +17,6 @@ bool ActRepAccPlan::Build(const QString& filter, reports::ListReport* report, QS
     for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext())
         report->AddRow(AccountPlanPrintCells(rows), AccountPlanPrintIsClass(rows));
     return true;
-}
-
-void ActRepAccPlan::Show(bool modal) {
-    SetBoolModalForm(modal);
-    reports::ListReport report;
-    QString error;
-    if (!Build(ClickedParameters(), &report, &error)) {
-        ShowError(error);
-        return;
-    }
-    exported_ = ShowListReport(report);
 }
 
 } // namespace orvo::accounts_forms

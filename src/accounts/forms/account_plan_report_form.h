@@ -4,28 +4,16 @@
 // the list's filter ("All" from the navigator).
 #pragma once
 
-#include "frame/orvo_form.h"
-#include "reports/list_report.h"
-
-#include <QStringList>
+#include "accounts/forms/list_report_form.h"
 
 namespace orvo::accounts_forms {
 
-class ActRepAccPlan : public OrvoForm {
+class ActRepAccPlan : public ListReportForm {
 public:
-    QString FormName() const override { return QStringLiteral("ActRepAccPlan"); }
+    ActRepAccPlan() : ListReportForm(QStringLiteral("ActRepAccPlan"), &ActRepAccPlan::Build) {}
 
     // The report of the chart as it stands; false with `error` set when unread.
     static bool Build(const QString& filter, reports::ListReport* report, QString* error);
-
-    void Show(bool modal) override;
-    void UnloadShowOrvoObject() override {}
-
-    // The files exported while the report was shown last.
-    QStringList Exported() const { return exported_; }
-
-private:
-    QStringList exported_;
 };
 
 } // namespace orvo::accounts_forms

@@ -1,9 +1,7 @@
 #include "accounts/forms/template_report_form.h"
 
 #include "accounts/forms/form_support.h"
-#include "accounts/forms/list_report_preview.h"
 #include "accounts/template_rules.h"
-#include "frame/messages.h"
 
 namespace orvo::accounts_forms {
 
@@ -29,17 +27,6 @@ bool ActRepTemplates::Build(const QString& mode, reports::ListReport* report, QS
                        rows->Field(QStringLiteral("GroupFlag")).toInt32() != 0);
     }
     return true;
-}
-
-void ActRepTemplates::Show(bool modal) {
-    SetBoolModalForm(modal);
-    reports::ListReport report;
-    QString error;
-    if (!Build(ClickedParameters(), &report, &error)) {
-        ShowError(error);
-        return;
-    }
-    exported_ = ShowListReport(report);
 }
 
 } // namespace orvo::accounts_forms

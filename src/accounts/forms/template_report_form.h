@@ -4,26 +4,16 @@
 // parameters are "ALL" for every group, or the ID of the group to print.
 #pragma once
 
-#include "frame/orvo_form.h"
-#include "reports/list_report.h"
-
-#include <QStringList>
+#include "accounts/forms/list_report_form.h"
 
 namespace orvo::accounts_forms {
 
-class ActRepTemplates : public OrvoForm {
+class ActRepTemplates : public ListReportForm {
 public:
-    QString FormName() const override { return QStringLiteral("ActRepTemplates"); }
+    ActRepTemplates()
+        : ListReportForm(QStringLiteral("ActRepTemplates"), &ActRepTemplates::Build) {}
 
     static bool Build(const QString& mode, reports::ListReport* report, QString* error);
-
-    void Show(bool modal) override;
-    void UnloadShowOrvoObject() override {}
-
-    QStringList Exported() const { return exported_; }
-
-private:
-    QStringList exported_;
 };
 
 } // namespace orvo::accounts_forms
