@@ -1,5 +1,6 @@
 #include "host/storage/migrations.h"
 
+#include "host/storage/account_totals_schema.h"
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
 #include "host/storage/groups_schema.h"
@@ -15,6 +16,7 @@ const QVector<Migration>& Migrations() {
         AccountsMigration(),
         OperationsMigration(),
         GroupsMigration(),
+        AccountTotalsMigration(),
     };
     return list;
 }
