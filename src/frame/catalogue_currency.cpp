@@ -30,30 +30,32 @@ void FillCurrencyCombo(ComboControl& combo, const DictionaryPtr& map, const QStr
     combo.SetListIndex(index >= 0 ? index : 0);
 }
 
-QString SumInWords(double sum, const QString& currencyCode) {
+OrvoObjectUIOPtr CurrencyObject(const QString& currencyCode) {
     const OrvoServicesPtr services = OrvoS();
     const OrvoObjectsServicePtr objects = services ? services->ObjectsService() : nullptr;
     if (!objects)
-        return QString();
+        return nullptr;
     const QString kind = QStringLiteral("O0002200");
     const OrvoObjectUIOPtr blank = objects->GetObjectUIO(kind);
     if (!blank)
-        return QString();
+        return nullptr;
     const ValueResult found = blank->Properties(
         QStringLiteral("CurrencyByCode"), QStringLiteral("'") + currencyCode + QStringLiteral("'"));
     const RecordsetPtr rs = found.ok() ? found.Value.toRecordset() : nullptr;
     if (!rs || rs->RecordCount() == 0)
-        return QString();
+        return nullptr;
     rs->MoveFirst();
     const QString oidr = NzString(rs->Field(QStringLiteral("OIDR")));
     if (oidr.isEmpty())
-        return QString();
+        return nullptr;
     OrvoObjectUIPtr ui = blank->UI();
     if (!ui)
         ui = objects->GetObjectUI(kind);
-    if (!ui)
-        return QString();
-    const OrvoObjectUIOPtr currency = ui->GetOrvoObject(oidr);
+    return ui ? ui->GetOrvoObject(oidr) : nullptr;
+}
+
+QString SumInWords(double sum, const QString& currencyCode) {
+    const OrvoObjectUIOPtr currency = CurrencyObject(currencyCode);
     if (!currency)
         return QString();
     const ValueResult words =

@@ -21,6 +21,11 @@ DictionaryPtr CurrencyListFor(const OrvoObjectUIOPtr& caller, const QDate& date,
 // when it is there, else the first item.
 void FillCurrencyCombo(ComboControl& combo, const DictionaryPtr& map, const QString& selected);
 
+// The stored currency object (O0002200) of a three-letter code: found by CurrencyByCode
+// (the code in single quotes) on a blank currency object and read through its
+// navigator; null when there is none.
+OrvoObjectUIOPtr CurrencyObject(const QString& currencyCode);
+
 // The sum in words as the currency object words it: the currency is found by
 // CurrencyByCode (the code in single quotes) on a blank "O0002200" object, its record
 // is read through its navigator, and its command SumByWords is asked. Any failure

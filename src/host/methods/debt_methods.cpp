@@ -2,6 +2,7 @@
 
 #include "host/methods/account_total_methods.h"
 #include "host/methods/covers_in_future_methods.h"
+#include "host/methods/currency_revaluation_methods.h"
 #include "host/methods/debt_query.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_context.h"
@@ -508,7 +509,8 @@ ResultRecord RegisterDebtMethods(MethodRegistry& methods) {
             return r;
     }
     for (const ResultRecord& r :
-         {RegisterAccountTotalMethods(methods), RegisterCoversInFutureMethods(methods)})
+         {RegisterAccountTotalMethods(methods), RegisterCoversInFutureMethods(methods),
+          RegisterCurrencyRevaluationMethods(methods)})
         if (!r.ok())
             return r;
     return ResultRecord::Success();
