@@ -4,6 +4,7 @@
 #include "host/catalogues/catalogue_kinds.h"
 #include "host/demo/demo_chart.h"
 #include "host/demo/demo_data.h"
+#include "host/demo/demo_debts.h"
 #include "host/demo/demo_groups.h"
 #include "host/demo/demo_rate_series.h"
 #include "host/demo/demo_templates.h"
@@ -335,6 +336,8 @@ ResultRecord CreateDemoBook(Database& db, const QDate& today) {
     if (r = CreateDemoTemplates(db, &templates); !r.ok())
         return r;
     if (r = CreateDemoGroups(db, templates, today); !r.ok())
+        return r;
+    if (r = CreateDemoDebts(db, today); !r.ok())
         return r;
     return tx.Commit();
 }
