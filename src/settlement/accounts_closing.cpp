@@ -141,6 +141,19 @@ void AccountsClosing::loadHeader() {
     Title = Serija + Number + QStringLiteral("  Sąskaitų uždarymas");
 }
 
+bool AccountsClosing::ChangeGroup(const QString& reference) {
+    if (reference.size() < 9)
+        return false;
+    GroupRef = reference;
+    loadGroup();
+    if (GroupRef.isEmpty())
+        return false;
+    op_->SetField(QStringLiteral("BROperGroupID"), Value(GroupRef.mid(8).toInt()));
+    RefreshAutoNumber();
+    Changed = true;
+    return true;
+}
+
 void AccountsClosing::RefreshAutoNumber() {
     if (IsNew() && !Mask.isEmpty())
         Number = op_->Methods(QStringLiteral("GetAutoNumber"), {}).Value.toString();

@@ -94,6 +94,9 @@ public:
     bool Write();
     // SSCNew: a new closing in the same group.
     void NewClosing();
+    // cmdOperGroup: the group of that reference ("O0201400" + number), refused with the
+    // warning when it is of another kind.
+    bool ChangeGroup(const QString& reference);
     // lblNumber: a new number for a new closing.
     void RefreshAutoNumber();
     // mnuBR and a double click: the entry card.

@@ -1,0 +1,157 @@
+// The fixture of the tests of deferred-period covers and of the accounts closing: a demo
+// book on SQLite or on a PostgreSQL database of the test's own (see storage_fixture.h),
+// with a few accounts the demo chart lacks (deferred expense and income, income and
+// expense left out of the closing), a session with the classes registered, and helpers
+// that store operations through the operation object's own commands and read back the
+// entries the book holds.
+#pragma once
+
+#include "../host/storage_fixture.h"
+
+#include "accounts/account_registration.h"
+#include "accounts/template_registration.h"
+#include "core/null_readers.h"
+#include "core/today.h"
+#include "frame/orvo_objects_service.h"
+#include "frame/orvo_services.h"
+#include "host/demo/demo_book.h"
+#include "host/session/host_session.h"
+#include "host/session/scripted_messages.h"
+#include "host/storage/money.h"
+#include "operations/operation_registration.h"
+
+#include <QStringList>
+#include <ostream>
+
+// Readable failure output for the texts the tests compare.
+inline void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
+inline void PrintTo(const QStringList& l, std::ostream* os) {
+    *os << '[' << l.join("|").toStdString() << ']';
+}
+
+namespace orvo::test {
+
+class ClosingBook : public host::testing::StorageTest {
+protected:
+    struct Entry {
+        QString Debit;
+        QString Credit;
+        double Sum = 0;
+    };
+
+    void SetUp() override {
+        StorageTest::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        {
+            host::DatabasePtr db = OpenBook();
+            ASSERT_TRUE(db);
+            const ResultRecord demo = host::CreateDemoBook(*db, Today());
+            ASSERT_TRUE(demo.ok()) << demo.Text.toStdString();
+        }
+        RegisterOperationClasses();
+        RegisterAccountClasses();
+        RegisterTemplateClasses();
+        host::HostSession::RegisterCatalogueClasses();
+        host::SessionResult r = host::HostSession::Open(location_);
+        ASSERT_TRUE(r.ok()) << r.Text.toStdString();
+        session_ = std::move(r.Session);
+        for (const char* account : {"59", "5900", "69", "6900", "2910", "4910"})
+            ASSERT_TRUE(
+                session_->Db()
+                    .Execute(QStringLiteral("INSERT INTO Accounts (Account, Name) VALUES (?, ?)"),
+                             {Value(QString::fromLatin1(account)),
+                              Value(QStringLiteral("Sąskaita ") + QString::fromLatin1(account))})
+                    .ok());
+    }
+    void TearDown() override {
+        session_.reset();
+        StorageTest::TearDown();
+    }
+
+    OrvoObjectUIOPtr Object(const QString& codeOrOidr) {
+        return session_->Services()->ObjectsService()->GetObjectUIO(codeOrOidr);
+    }
+
+    // The number of the demo group of that name.
+    qint32 Group(const QString& name) {
+        const host::QueryResult q = session_->Db().Query(
+            QStringLiteral("SELECT ID FROM BROperGroups WHERE Name = ?"), {Value(name)});
+        EXPECT_TRUE(q.ok() && q.RowCount() == 1) << name.toStdString();
+        return q.ok() && q.RowCount() > 0 ? static_cast<qint32>(q.Scalar().toDouble()) : 0;
+    }
+    qint32 GeneralGroup() { return Group(QStringLiteral("Bendrosios operacijos")); }
+    qint32 ClosingGroup() { return Group(QStringLiteral("Metų uždarymas")); }
+
+    // A stored operation of the general group on `date`; its reference, or empty.
+    QString Book(const QDate& date, const QString& number, const QVector<Entry>& entries,
+                 const QString& comment = QString()) {
+        const OrvoObjectUIOPtr op = Object(QStringLiteral("O0201500"));
+        EXPECT_TRUE(op);
+        if (!op)
+            return QString();
+        op->SetField(QStringLiteral("BROperGroupID"), Value(GeneralGroup()));
+        op->SetField(QStringLiteral("DateD"), Value(date));
+        op->SetField(QStringLiteral("Number"), Value(number));
+        op->SetField(QStringLiteral("Comment"), Value(comment));
+        for (const Entry& e : entries) {
+            const ValueResult added =
+                op->Methods(QStringLiteral("AddBR"),
+                            {Value(e.Debit), Value(e.Credit), Value(e.Sum), Value(ValueArray{})});
+            EXPECT_EQ(added.Code, 0) << added.Text.toStdString();
+        }
+        const ResultRecord saved = op->Save();
+        EXPECT_TRUE(saved.ok()) << saved.Text.toStdString();
+        return saved.ok() ? op->OIDR() : QString();
+    }
+
+    // The reference of the only entry of a stored operation.
+    QString EntryOf(const QString& operation) {
+        const host::QueryResult q =
+            session_->Db().Query(QStringLiteral("SELECT ID FROM BR WHERE BROperID = ?"),
+                                 {Value(operation.mid(8).toDouble())});
+        EXPECT_TRUE(q.ok() && q.RowCount() == 1);
+        return q.ok() && q.RowCount() > 0
+                   ? QStringLiteral("O0201500") + QString::number(qint64(q.Scalar().toDouble()))
+                   : QString();
+    }
+
+    // The stored entries of one operation as "debit|credit|sum|date", in their order.
+    QStringList StoredEntries(const QString& operation) {
+        const host::QueryResult q =
+            session_->Db().Query(QStringLiteral("SELECT AccountD, AccountC, SumA, DateD FROM BR "
+                                                "WHERE BROperID = ? ORDER BY ID"),
+                                 {Value(operation.mid(8).toDouble())});
+        EXPECT_TRUE(q.ok()) << q.Text.toStdString();
+        QStringList rows;
+        for (int i = 0; q.ok() && i < q.RowCount(); ++i)
+            rows << q.At(i, 0).toString() + QLatin1Char('|') + q.At(i, 1).toString() +
+                        QLatin1Char('|') +
+                        QString::number(
+                            host::Money::FromCents(host::Money::CentsFromValue(q.At(i, 2))), 'f',
+                            2) +
+                        QLatin1Char('|') +
+                        q.At(i, 3).toDate().toString(QStringLiteral("yyyy.MM.dd"));
+        return rows;
+    }
+
+    qint64 Count(const QString& sql, const ValueArray& params = {}) {
+        const host::QueryResult q = session_->Db().Query(sql, params);
+        EXPECT_TRUE(q.ok()) << q.Text.toStdString();
+        return q.ok() ? static_cast<qint64>(q.Scalar().toDouble()) : -1;
+    }
+
+    // The texts of the boxes shown since the last call.
+    QStringList Boxes() {
+        QStringList texts;
+        for (const host::RecordedMessage& m : session_->Messages()->Take())
+            texts << m.Text;
+        return texts;
+    }
+
+    std::unique_ptr<host::HostSession> session_;
+};
+
+} // namespace orvo::test
