@@ -99,37 +99,29 @@ bool CurrencyExchange::Post() {
     title = QStringLiteral("Valiutos pirkimas/pardavimas");
     outcome = Outcome();
     QString message;
+    // One side's rate, sum and base value; a blank currency names the title.
+    const auto value = [&](const Side& side, const QString& baseTitle, double& rate, double& sum,
+                           double& base) {
+        sum = Round(NumberFromText(side.SumText), 2);
+        if (isBlank(side.Currency)) {
+            title = baseTitle;
+            base = sum;
+            return;
+        }
+        const double typed = typedRate(side);
+        if (!(typed > 0)) {
+            message = QStringLiteral("Nenurodytas valiutos kursas!");
+            return;
+        }
+        rate = Catalogue::RateToBase(typed);
+        // This window adds 0.0001 before rounding, ten times the usual addend.
+        base = Round(rate * sum + 0.0001, 2);
+    };
     double rateD = 0, rateC = 0, sumD = 0, sumC = 0, baseD = 0, baseC = 0;
     const bool currD = !isBlank(debit.Currency);
     const bool currC = !isBlank(credit.Currency);
-    if (currD) {
-        const double typed = typedRate(debit);
-        if (!(typed > 0)) {
-            message = QStringLiteral("Nenurodytas valiutos kursas!");
-        } else {
-            rateD = Catalogue::RateToBase(typed);
-            sumD = Round(NumberFromText(debit.SumText), 2);
-            baseD = Round(rateD * sumD + 0.0001, 2);
-        }
-    } else {
-        title = QStringLiteral("Valiutos pardavimas");
-        sumD = Round(NumberFromText(debit.SumText), 2);
-        baseD = sumD;
-    }
-    if (currC) {
-        const double typed = typedRate(credit);
-        if (!(typed > 0)) {
-            message = QStringLiteral("Nenurodytas valiutos kursas!");
-        } else {
-            rateC = Catalogue::RateToBase(typed);
-            sumC = Round(NumberFromText(credit.SumText), 2);
-            baseC = Round(rateC * sumC + 0.0001, 2);
-        }
-    } else {
-        title = QStringLiteral("Valiutos pirkimas");
-        sumC = Round(NumberFromText(credit.SumText), 2);
-        baseC = sumC;
-    }
+    value(debit, QStringLiteral("Valiutos pardavimas"), rateD, sumD, baseD);
+    value(credit, QStringLiteral("Valiutos pirkimas"), rateC, sumC, baseC);
     if (!message.isEmpty()) {
         ShowWarning(message);
         return false;

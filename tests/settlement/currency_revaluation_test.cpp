@@ -45,6 +45,21 @@ protected:
         return op;
     }
 
+    // A stored operation revaluing the firm's debit balance on 2420 by the first row.
+    void RevalueAndStore(CurrencyRevaluation::Mode mode, const QPair<QString, QString>& firm) {
+        const OrvoObjectUIOPtr op = NewOperation(Day(10));
+        auto w = Window(op, Day(10), mode, QStringLiteral("2420"), QStringLiteral("D"), firm);
+        ASSERT_NO_FATAL_FAILURE(PostFirstRow(*w));
+        ASSERT_TRUE(op->Save().ok());
+    }
+
+    // cmdGo, the first row checked, cmdOK.
+    static void PostFirstRow(CurrencyRevaluation& w) {
+        ASSERT_TRUE(w.Go());
+        ASSERT_TRUE(w.SetChecked(0, true));
+        ASSERT_EQ(w.Post(), CurrencyRevaluation::PostResult::Done);
+    }
+
     const RecordsetPtr Debts(const QString& account, const QString& addressee, int sign,
                              const QDate& date) {
         const BOResult r = session_->BO()->Call(
@@ -223,15 +238,7 @@ TEST_P(CurrencyRevaluationTest, ZeroCurrencyBalanceWritesOffTheBaseRest) {
 TEST_P(CurrencyRevaluationTest, OtherVariantOnARevaluedAccountAsksAndGoesOnOnlyAfterYes) {
     const auto firm = Firm(0);
     DebitInvoice(firm);
-    {
-        const OrvoObjectUIOPtr first = NewOperation(Day(10));
-        auto w = Window(first, Day(10), CurrencyRevaluation::Mode::ByOpers, QStringLiteral("2420"),
-                        QStringLiteral("D"), firm);
-        ASSERT_TRUE(w->Go());
-        ASSERT_TRUE(w->SetChecked(0, true));
-        ASSERT_EQ(w->Post(), CurrencyRevaluation::PostResult::Done);
-        ASSERT_TRUE(first->Save().ok());
-    }
+    ASSERT_NO_FATAL_FAILURE(RevalueAndStore(CurrencyRevaluation::Mode::ByOpers, firm));
     Boxes();
     const OrvoObjectUIOPtr op = NewOperation(Day(10));
     auto w = Window(op, Day(10), CurrencyRevaluation::Mode::ByAddr, QStringLiteral("2420"),
@@ -258,15 +265,7 @@ TEST_P(CurrencyRevaluationTest, OtherVariantOnARevaluedAccountAsksAndGoesOnOnlyA
 TEST_P(CurrencyRevaluationTest, ByOperationsAfterABalanceRevaluationAsksToo) {
     const auto firm = Firm(0);
     DebitInvoice(firm);
-    {
-        const OrvoObjectUIOPtr first = NewOperation(Day(10));
-        auto w = Window(first, Day(10), CurrencyRevaluation::Mode::ByAddr, QStringLiteral("2420"),
-                        QStringLiteral("D"), firm);
-        ASSERT_TRUE(w->Go());
-        ASSERT_TRUE(w->SetChecked(0, true));
-        ASSERT_EQ(w->Post(), CurrencyRevaluation::PostResult::Done);
-        ASSERT_TRUE(first->Save().ok());
-    }
+    ASSERT_NO_FATAL_FAILURE(RevalueAndStore(CurrencyRevaluation::Mode::ByAddr, firm));
     Boxes();
     const OrvoObjectUIOPtr op = NewOperation(Day(10));
     auto w = Window(op, Day(10), CurrencyRevaluation::Mode::ByOpers, QStringLiteral("2420"),
@@ -285,9 +284,7 @@ TEST_P(CurrencyRevaluationTest, SecondRunOnTheSameAccountSideAndAddresseeIsRefus
     const OrvoObjectUIOPtr op = NewOperation(Day(10));
     auto w = Window(op, Day(10), CurrencyRevaluation::Mode::ByOpers, QStringLiteral("2420"),
                     QStringLiteral("D"), firm);
-    ASSERT_TRUE(w->Go());
-    ASSERT_TRUE(w->SetChecked(0, true));
-    ASSERT_EQ(w->Post(), CurrencyRevaluation::PostResult::Done);
+    ASSERT_NO_FATAL_FAILURE(PostFirstRow(*w));
     ASSERT_EQ(EntriesOf(op).size(), 5);
     Boxes();
 
@@ -317,9 +314,7 @@ TEST_P(CurrencyRevaluationTest, SecondRunOnTheSameAccountSideAndAddresseeIsRefus
                     QStringLiteral("D"), firm);
     ASSERT_TRUE(w->SaveVariant());
     EXPECT_EQ(w->VariantCaptions(), QStringList({QStringLiteral("2420 * ") + firm.second}));
-    ASSERT_TRUE(w->Go());
-    ASSERT_TRUE(w->SetChecked(0, true));
-    ASSERT_EQ(w->Post(), CurrencyRevaluation::PostResult::Done);
+    ASSERT_NO_FATAL_FAILURE(PostFirstRow(*w));
     ASSERT_EQ(EntriesOf(op).size(), 4);
     EXPECT_EQ(w->VariantCaptions(),
               QStringList({QStringLiteral("Perskaičiuota: 2420 * ") + firm.second}));
