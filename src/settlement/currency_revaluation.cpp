@@ -57,6 +57,13 @@ CurrencyRevaluation::CurrencyRevaluation(OrvoObjectUIOPtr operation)
     : accounts(Dictionary::Create()), currencyRates(Dictionary::Create()),
       doneKeys(Dictionary::Create()), op_(std::move(operation)) {}
 
+CurrencyRevaluation::RatePair CurrencyRevaluation::RatesOf(double value, bool baseIsEuro) {
+    if (!(value > 0))
+        return {};
+    const double turned = RoundHalfUp(1.0 / value, 6);
+    return baseIsEuro ? RatePair{turned, value} : RatePair{value, turned};
+}
+
 QStringList CurrencyRevaluation::Headers(const QString& baseCurrency) {
     return {QStringLiteral("Valiutinės operacijos"),
             QStringLiteral("Likutis ") + baseCurrency,
@@ -241,16 +248,9 @@ void CurrencyRevaluation::fill() {
             row.HasInfluence = true;
             row.SumInfluence = RoundHalfUp(book * sideSign, 2);
         } else if (currencyRates->Exists(code)) {
-            const double value = NzDouble(currencyRates->Item(code));
-            if (value > 0) {
-                if (euro) {
-                    row.InverseRate = value;
-                    row.Rate = RoundHalfUp(1.0 / value, 6);
-                } else {
-                    row.Rate = value;
-                    row.InverseRate = RoundHalfUp(1.0 / value, 6);
-                }
-            }
+            const RatePair pair = RatesOf(NzDouble(currencyRates->Item(code)), euro);
+            row.Rate = pair.Rate;
+            row.InverseRate = pair.Inverse;
             if (row.Rate > 0) {
                 row.HasSumLt = true;
                 row.SumLt = RoundHalfUp(row.Rate * curr, 2);

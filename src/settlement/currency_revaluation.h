@@ -58,7 +58,19 @@ public:
         QStringList Cells() const;
     };
 
+    // A book rate (base per currency unit) and its inverse.
+    struct RatePair {
+        double Rate = 0;
+        double Inverse = 0;
+    };
+
     explicit CurrencyRevaluation(OrvoObjectUIOPtr operation);
+
+    // The pair from the day's value of a currency: under a euro base the value is the
+    // inverse (units per euro) and the book rate is turned over from it; otherwise the
+    // value is the book rate. Each turned-over rate is rounded to six places; a value of
+    // 0 or less gives none.
+    static RatePair RatesOf(double value, bool baseIsEuro);
 
     // The column captions (the base currency code added where it belongs) and keys.
     static QStringList Headers(const QString& baseCurrency);

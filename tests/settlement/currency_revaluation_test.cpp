@@ -400,6 +400,17 @@ TEST_P(CurrencyRevaluationTest, VariantsAreKeptInTheSettingsAndRefusedTwice) {
     EXPECT_TRUE(again->VariantCaptions().isEmpty());
 }
 
+TEST(CurrencyRevaluationRates, DayValueIsTurnedOverToABookRateUnderAEuroBaseOnly) {
+    const CurrencyRevaluation::RatePair euro = CurrencyRevaluation::RatesOf(0.243902439, true);
+    EXPECT_DOUBLE_EQ(euro.Rate, 4.1);
+    EXPECT_DOUBLE_EQ(euro.Inverse, 0.243902439);
+    const CurrencyRevaluation::RatePair litas = CurrencyRevaluation::RatesOf(3.4528, false);
+    EXPECT_DOUBLE_EQ(litas.Rate, 3.4528);
+    EXPECT_DOUBLE_EQ(litas.Inverse, 0.289620);
+    EXPECT_DOUBLE_EQ(CurrencyRevaluation::RatesOf(0, true).Rate, 0);
+    EXPECT_DOUBLE_EQ(CurrencyRevaluation::RatesOf(-1, false).Inverse, 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Backends, CurrencyRevaluationTest,
                          ::testing::Values(host::Backend::SQLite, host::Backend::PostgreSQL),
                          host::testing::BackendLabel);
