@@ -85,7 +85,9 @@ FrmDebtsCover::~FrmDebtsCover() = default;
 
 QWidget* FrmDebtsCover::buildSide(QWidget* root, Side& s, bool primary) {
     const char* letter = primary ? "C" : "D";
-    const auto name = [letter](const char* stem) { return QByteArray(stem) + letter; };
+    const auto name = [letter](const char* stem) -> QByteArray {
+        return QByteArray(stem) + letter;
+    };
     auto* box = new QGroupBox(root);
     s.txtAddr = named(new QLineEdit(box), name("txtAddr").constData());
     s.txtAddr->setReadOnly(true);
@@ -570,6 +572,7 @@ void FrmDebtsCover::syncEditor() {
         OperationEditor& e = *editor->Editor();
         e.LoadFields();
         e.PaintEntries();
+        e.Changed = true;
         if (QWidget* w = editor->HasWidget() ? editor->Widget() : nullptr) {
             if (auto* date = w->findChild<QDateEdit*>(QStringLiteral("dtpDate"))) {
                 const QSignalBlocker quiet(date);
