@@ -74,8 +74,8 @@ TEST_P(HostSessionTest, FirmWithoutNameIsRefusedAndNothingStored) {
     OrvoObjectUIOPtr firm = Object(QStringLiteral("O0000100"));
     ASSERT_TRUE(firm);
     const ResultRecord saved = firm->Save();
-    EXPECT_NE(saved.Code, 0);
-    EXPECT_TRUE(saved.Text.contains(QStringLiteral("Name"))) << saved.Text.toStdString();
+    EXPECT_EQ(saved.Code, 777);
+    EXPECT_EQ(saved.Text, QStringLiteral("Įveskite įmonės pavadinimą."));
     EXPECT_EQ(session_->Db().Query(QStringLiteral("SELECT COUNT(*) FROM Firms")).Scalar().toInt32(),
               0);
 }

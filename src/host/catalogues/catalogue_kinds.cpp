@@ -1,6 +1,8 @@
 #include "host/catalogues/catalogue_kinds.h"
 
 #include "core/recordset.h"
+#include "host/catalogues/catalogue_editor_hooks.h"
+#include "host/catalogues/user_kind.h"
 #include "host/storage/catalogue_schema.h"
 
 namespace orvo::host {
@@ -17,6 +19,7 @@ ObjectKind kindOf(const Migration& m, const QString& code, const QString& title,
     k.ListPreviewSql = previewSql;
     k.ListOrderBy = orderBy;
     k.Preview = std::move(preview);
+    ApplyCatalogueEditorRules(k);
     return k;
 }
 
@@ -56,6 +59,9 @@ void AddCatalogueKinds(ObjectKindRegistry& registry) {
         kindOf(m, kinds::Currency, QStringLiteral("Valiuta"), QStringLiteral("Currencies"),
                QStringLiteral("Code || ' ' || COALESCE(Name, '')"), QStringLiteral("Code"),
                [](const Recordset& rs) { return joined(field(rs, "Code"), field(rs, "Name")); }));
+    ObjectKind users = UserKind();
+    ApplyCatalogueEditorRules(users);
+    registry.Add(users);
 }
 
 } // namespace orvo::host

@@ -17,6 +17,7 @@ inline const QString Person = QStringLiteral("O0001402");
 inline const QString Currency = QStringLiteral("O0002200");
 } // namespace kinds
 
+// Also the users of the book (O0000900, user_kind.h); every kind saves under its lock.
 void AddCatalogueKinds(ObjectKindRegistry& registry);
 
 } // namespace orvo::host

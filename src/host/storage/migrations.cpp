@@ -1,5 +1,6 @@
 #include "host/storage/migrations.h"
 
+#include "host/catalogues/catalogue_editor_migration.h"
 #include "host/storage/account_totals_schema.h"
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
@@ -17,6 +18,7 @@ const QVector<Migration>& Migrations() {
         OperationsMigration(),
         GroupsMigration(),
         AccountTotalsMigration(),
+        CatalogueLockMigration(),
     };
     return list;
 }
