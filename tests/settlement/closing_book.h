@@ -7,6 +7,7 @@
 #pragma once
 
 #include "../host/storage_fixture.h"
+#include "closing_entries.h"
 
 #include "accounts/account_registration.h"
 #include "accounts/template_registration.h"
@@ -17,7 +18,6 @@
 #include "host/demo/demo_book.h"
 #include "host/session/host_session.h"
 #include "host/session/scripted_messages.h"
-#include "host/storage/money.h"
 #include "operations/operation_registration.h"
 
 #include <QStringList>
@@ -120,21 +120,7 @@ protected:
 
     // The stored entries of one operation as "debit|credit|sum|date", in their order.
     QStringList StoredEntries(const QString& operation) {
-        const host::QueryResult q =
-            session_->Db().Query(QStringLiteral("SELECT AccountD, AccountC, SumA, DateD FROM BR "
-                                                "WHERE BROperID = ? ORDER BY ID"),
-                                 {Value(operation.mid(8).toDouble())});
-        EXPECT_TRUE(q.ok()) << q.Text.toStdString();
-        QStringList rows;
-        for (int i = 0; q.ok() && i < q.RowCount(); ++i)
-            rows << q.At(i, 0).toString() + QLatin1Char('|') + q.At(i, 1).toString() +
-                        QLatin1Char('|') +
-                        QString::number(
-                            host::Money::FromCents(host::Money::CentsFromValue(q.At(i, 2))), 'f',
-                            2) +
-                        QLatin1Char('|') +
-                        q.At(i, 3).toDate().toString(QStringLiteral("yyyy.MM.dd"));
-        return rows;
+        return StoredEntryLines(session_->Db(), operation);
     }
 
     qint64 Count(const QString& sql, const ValueArray& params = {}) {

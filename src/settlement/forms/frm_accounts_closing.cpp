@@ -5,6 +5,7 @@
 #include "frame/orvo_s.h"
 #include "frame/orvo_services.h"
 #include "frame/pickers.h"
+#include "settlement/forms/frm_accounts_closing_controls.h"
 #include "settlement/forms/frm_accounts_closing_print.h"
 #include "ui/widgets/entry_list_painter.h"
 
@@ -24,39 +25,11 @@ namespace orvo {
 
 namespace {
 
-QPushButton* button(QWidget* parent, const char* name, const QString& text) {
-    auto* b = new QPushButton(text, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setAutoDefault(false);
-    return b;
-}
-
-QLineEdit* lineEdit(QWidget* parent, const char* name) {
-    auto* e = new QLineEdit(parent);
-    e->setObjectName(QString::fromLatin1(name));
-    return e;
-}
-
-QComboBox* accountCombo(QWidget* parent, const char* name) {
-    auto* c = new QComboBox(parent);
-    c->setObjectName(QString::fromLatin1(name));
-    c->setEditable(true);
-    c->setInsertPolicy(QComboBox::NoInsert);
-    return c;
-}
-
 QLabel* label(QWidget* parent, const char* name, const QString& text) {
     auto* l = new QLabel(text, parent);
     if (name)
         l->setObjectName(QString::fromLatin1(name));
     return l;
-}
-
-void showAccount(QComboBox* combo, const QStringList& accounts, const QString& account) {
-    combo->clear();
-    combo->addItems(accounts);
-    combo->setCurrentIndex(accounts.indexOf(account));
-    combo->setEditText(account);
 }
 
 } // namespace
@@ -70,23 +43,23 @@ QWidget* FrmAccountsClosing::BuildWidget() {
     auto* root = new QWidget;
     root_ = root;
 
-    txtAcc5_ = lineEdit(root, "txtAcc5");
-    txtAcc59_ = lineEdit(root, "txtAcc59");
-    txtAcc6_ = lineEdit(root, "txtAcc6");
-    txtAcc69_ = lineEdit(root, "txtAcc69");
-    auto* cmdAcc5 = button(root, "cmdAcc5", QStringLiteral("Sąskaitos:"));
-    auto* cmdAcc59 = button(root, "cmdAcc59", QStringLiteral("išskyrus"));
-    auto* cmdAcc6 = button(root, "cmdAcc6", QStringLiteral("Sąskaitos:"));
-    auto* cmdAcc69 = button(root, "cmdAcc69", QStringLiteral("išskyrus"));
-    auto* SSClean59 = button(root, "SSClean59", QStringLiteral("X"));
-    auto* SSClean69 = button(root, "SSClean69", QStringLiteral("X"));
+    txtAcc5_ = closing_controls::Edit(root, "txtAcc5");
+    txtAcc59_ = closing_controls::Edit(root, "txtAcc59");
+    txtAcc6_ = closing_controls::Edit(root, "txtAcc6");
+    txtAcc69_ = closing_controls::Edit(root, "txtAcc69");
+    auto* cmdAcc5 = closing_controls::Button(root, "cmdAcc5", QStringLiteral("Sąskaitos:"));
+    auto* cmdAcc59 = closing_controls::Button(root, "cmdAcc59", QStringLiteral("išskyrus"));
+    auto* cmdAcc6 = closing_controls::Button(root, "cmdAcc6", QStringLiteral("Sąskaitos:"));
+    auto* cmdAcc69 = closing_controls::Button(root, "cmdAcc69", QStringLiteral("išskyrus"));
+    auto* SSClean59 = closing_controls::Button(root, "SSClean59", QStringLiteral("X"));
+    auto* SSClean69 = closing_controls::Button(root, "SSClean69", QStringLiteral("X"));
     lblTotal5_ = label(root, "lblTotal5", QString());
     lblTotal6_ = label(root, "lblTotal6", QString());
-    cmbAcc39_ = accountCombo(root, "cmbAcc39");
-    cmbAcc340_ = accountCombo(root, "cmbAcc340");
-    cmbAcc341_ = accountCombo(root, "cmbAcc341");
-    auto* SSClean340 = button(root, "SSClean340", QStringLiteral("X"));
-    auto* SSClean341 = button(root, "SSClean341", QStringLiteral("X"));
+    cmbAcc39_ = closing_controls::AccountBox(root, "cmbAcc39");
+    cmbAcc340_ = closing_controls::AccountBox(root, "cmbAcc340");
+    cmbAcc341_ = closing_controls::AccountBox(root, "cmbAcc341");
+    auto* SSClean340 = closing_controls::Button(root, "SSClean340", QStringLiteral("X"));
+    auto* SSClean341 = closing_controls::Button(root, "SSClean341", QStringLiteral("X"));
 
     auto* accounts = new QGridLayout;
     accounts->addWidget(label(root, "lblIncome", QStringLiteral("PAJAMOS")), 0, 0);
@@ -116,17 +89,14 @@ QWidget* FrmAccountsClosing::BuildWidget() {
     accounts->addWidget(cmbAcc341_, 4, 2, 1, 3);
     accounts->addWidget(SSClean341, 4, 5);
 
-    txtOperGroup_ = lineEdit(root, "txtOperGroup");
+    txtOperGroup_ = closing_controls::Edit(root, "txtOperGroup");
     txtOperGroup_->setReadOnly(true);
-    auto* cmdOperGroup = button(root, "cmdOperGroup", QStringLiteral("..."));
-    txtSerija_ = lineEdit(root, "txtSerija");
-    txtNumber_ = lineEdit(root, "txtNumber");
-    auto* lblNumber = button(root, "lblNumber", QStringLiteral("Serija, Nr."));
+    auto* cmdOperGroup = closing_controls::Button(root, "cmdOperGroup", QStringLiteral("..."));
+    txtSerija_ = closing_controls::Edit(root, "txtSerija");
+    txtNumber_ = closing_controls::Edit(root, "txtNumber");
+    auto* lblNumber = closing_controls::Button(root, "lblNumber", QStringLiteral("Serija, Nr."));
     lblNumber->setFlat(true);
-    dtpDate_ = new QDateEdit(root);
-    dtpDate_->setObjectName(QStringLiteral("dtpDate"));
-    dtpDate_->setCalendarPopup(true);
-    dtpDate_->setDisplayFormat(QStringLiteral("yyyy.MM.dd"));
+    dtpDate_ = closing_controls::DateBox(root, "dtpDate", QStringLiteral("yyyy.MM.dd"));
     auto* header = new QGridLayout;
     header->addWidget(label(root, nullptr, QStringLiteral("Grupė")), 0, 0);
     header->addWidget(txtOperGroup_, 0, 1);
@@ -146,11 +116,11 @@ QWidget* FrmAccountsClosing::BuildWidget() {
     lvwBRRecords_->setContextMenuPolicy(Qt::CustomContextMenu);
     lblStatus_ = label(root, "lblStatus", QString());
 
-    auto* cmdGo = button(root, "cmdGo", QStringLiteral("Užpildyti"));
-    cmdWrite_ = button(root, "cmdWrite", QStringLiteral("Įrašyti"));
-    cmdPrint_ = button(root, "cmdPrint", QStringLiteral("Spausdinti"));
-    auto* SSCNew = button(root, "SSCNew", QStringLiteral("Nauja"));
-    auto* SSCClose = button(root, "SSCClose", QStringLiteral("Uždaryti"));
+    auto* cmdGo = closing_controls::Button(root, "cmdGo", QStringLiteral("Užpildyti"));
+    cmdWrite_ = closing_controls::Button(root, "cmdWrite", QStringLiteral("Įrašyti"));
+    cmdPrint_ = closing_controls::Button(root, "cmdPrint", QStringLiteral("Spausdinti"));
+    auto* SSCNew = closing_controls::Button(root, "SSCNew", QStringLiteral("Nauja"));
+    auto* SSCClose = closing_controls::Button(root, "SSCClose", QStringLiteral("Uždaryti"));
     auto* commands = new QHBoxLayout;
     commands->addWidget(lblStatus_, 1);
     for (QPushButton* b : {cmdGo, cmdWrite_, cmdPrint_, SSCNew, SSCClose})
@@ -249,9 +219,9 @@ void FrmAccountsClosing::show() {
     txtAcc59_->setText(c.Acc59);
     txtAcc6_->setText(c.Acc6);
     txtAcc69_->setText(c.Acc69);
-    showAccount(cmbAcc39_, closing_->Accounts, c.Acc39);
-    showAccount(cmbAcc340_, closing_->Accounts, c.Profit);
-    showAccount(cmbAcc341_, closing_->Accounts, c.Loss);
+    closing_controls::ShowAccounts(cmbAcc39_, closing_->Accounts, c.Acc39);
+    closing_controls::ShowAccounts(cmbAcc340_, closing_->Accounts, c.Profit);
+    closing_controls::ShowAccounts(cmbAcc341_, closing_->Accounts, c.Loss);
     txtOperGroup_->setText(closing_->GroupText);
     txtSerija_->setText(closing_->Serija);
     txtSerija_->setVisible(closing_->SeriesIndication != 0 || !closing_->Serija.isEmpty());

@@ -2,6 +2,7 @@
 
 #include "core/number_text.h"
 #include "frame/catalogue.h"
+#include "settlement/forms/frm_accounts_closing_controls.h"
 #include "settlement/forms/frm_covers_in_future_parameters.h"
 
 #include <QAction>
@@ -26,45 +27,6 @@ namespace {
 
 using Row = DeferredCovers::Row;
 
-QPushButton* button(QWidget* parent, const char* name, const QString& text) {
-    auto* b = new QPushButton(text, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setAutoDefault(false);
-    return b;
-}
-
-QDateEdit* dateEdit(QWidget* parent, const char* name, const QString& format) {
-    auto* d = new QDateEdit(parent);
-    d->setObjectName(QString::fromLatin1(name));
-    d->setCalendarPopup(true);
-    d->setDisplayFormat(format);
-    return d;
-}
-
-QLineEdit* lineEdit(QWidget* parent, const char* name) {
-    auto* e = new QLineEdit(parent);
-    e->setObjectName(QString::fromLatin1(name));
-    return e;
-}
-
-QComboBox* accountCombo(QWidget* parent, const char* name) {
-    auto* c = new QComboBox(parent);
-    c->setObjectName(QString::fromLatin1(name));
-    c->setEditable(true);
-    c->setInsertPolicy(QComboBox::NoInsert);
-    return c;
-}
-
-void fillAccounts(QComboBox* combo, const QStringList& accounts, const QString& selected) {
-    combo->clear();
-    combo->addItems(accounts);
-    const int at = accounts.indexOf(selected);
-    if (at >= 0)
-        combo->setCurrentIndex(at);
-    else
-        combo->setEditText(selected);
-}
-
 QString dateCell(const QDate& date) {
     return date.isValid() ? date.toString(QStringLiteral("yyyy.MM.dd")) : QString();
 }
@@ -85,18 +47,19 @@ QWidget* FrmCoversInFuture::BuildWidget() {
 
     frameSelectBR_ = new QGroupBox(QStringLiteral("Dengiamų įrašų atranka"), root);
     frameSelectBR_->setObjectName(QStringLiteral("frameSelectBR"));
-    cmbAcc_ = accountCombo(frameSelectBR_, "cmbAcc");
+    cmbAcc_ = closing_controls::AccountBox(frameSelectBR_, "cmbAcc");
     optDebit_ = new QRadioButton(QStringLiteral("Debetas"), frameSelectBR_);
     optDebit_->setObjectName(QStringLiteral("optDebit"));
     optCredit_ = new QRadioButton(QStringLiteral("Kreditas"), frameSelectBR_);
     optCredit_->setObjectName(QStringLiteral("optCredit"));
-    dtpDate1_ = dateEdit(frameSelectBR_, "dtpDate1", QStringLiteral("yyyy.MM.dd"));
-    dtpDate2_ = dateEdit(frameSelectBR_, "dtpDate2", QStringLiteral("yyyy.MM.dd"));
+    dtpDate1_ = closing_controls::DateBox(frameSelectBR_, "dtpDate1", QStringLiteral("yyyy.MM.dd"));
+    dtpDate2_ = closing_controls::DateBox(frameSelectBR_, "dtpDate2", QStringLiteral("yyyy.MM.dd"));
     chkOnlyNotCovered_ = new QCheckBox(frameSelectBR_);
     chkOnlyNotCovered_->setObjectName(QStringLiteral("chkOnlyNotCovered"));
     chkDetailView_ = new QCheckBox(QStringLiteral("Rodyti dengimo įrašus"), frameSelectBR_);
     chkDetailView_->setObjectName(QStringLiteral("chkDetailView"));
-    auto* cmdFill = button(frameSelectBR_, "cmdFill", QStringLiteral("Užpildyti"));
+    auto* cmdFill =
+        closing_controls::Button(frameSelectBR_, "cmdFill", QStringLiteral("Užpildyti"));
     auto* select = new QGridLayout(frameSelectBR_);
     select->addWidget(new QLabel(QStringLiteral("Sąskaita"), frameSelectBR_), 0, 0);
     select->addWidget(cmbAcc_, 0, 1);
@@ -113,21 +76,25 @@ QWidget* FrmCoversInFuture::BuildWidget() {
 
     frameSettings_ = new QGroupBox(QStringLiteral("Operacijos nustatymai"), root);
     frameSettings_->setObjectName(QStringLiteral("frameSettings"));
-    txtGroup_ = lineEdit(frameSettings_, "txtGroup");
+    txtGroup_ = closing_controls::Edit(frameSettings_, "txtGroup");
     txtGroup_->setReadOnly(true);
-    txtNumber_ = lineEdit(frameSettings_, "txtNumber");
-    dtpOperDate_ = dateEdit(frameSettings_, "dtpOperDate", QStringLiteral("yyyy.MM.dd"));
-    cmbCoverAcc_ = accountCombo(frameSettings_, "cmbCoverAcc");
-    dtpDateFrom_ = dateEdit(frameSettings_, "dtpDateFrom", QStringLiteral("yyyy.MM"));
-    txtMonthCount_ = lineEdit(frameSettings_, "txtMonthCount");
+    txtNumber_ = closing_controls::Edit(frameSettings_, "txtNumber");
+    dtpOperDate_ =
+        closing_controls::DateBox(frameSettings_, "dtpOperDate", QStringLiteral("yyyy.MM.dd"));
+    cmbCoverAcc_ = closing_controls::AccountBox(frameSettings_, "cmbCoverAcc");
+    dtpDateFrom_ =
+        closing_controls::DateBox(frameSettings_, "dtpDateFrom", QStringLiteral("yyyy.MM"));
+    txtMonthCount_ = closing_controls::Edit(frameSettings_, "txtMonthCount");
     txtMonthCount_->setValidator(new QIntValidator(0, 9999, txtMonthCount_));
-    txtCoverSum_ = lineEdit(frameSettings_, "txtCoverSum");
+    txtCoverSum_ = closing_controls::Edit(frameSettings_, "txtCoverSum");
     txtCoverSum_->setReadOnly(true);
-    txtComment_ = lineEdit(frameSettings_, "txtComment");
-    txtAddresse_ = lineEdit(frameSettings_, "txtAddresse");
+    txtComment_ = closing_controls::Edit(frameSettings_, "txtComment");
+    txtAddresse_ = closing_controls::Edit(frameSettings_, "txtAddresse");
     txtAddresse_->setReadOnly(true);
-    auto* cmdAddresse = button(frameSettings_, "cmdAddresse", QStringLiteral("..."));
-    auto* cmdClearAddresse = button(frameSettings_, "cmdClearAddresse", QStringLiteral("X"));
+    auto* cmdAddresse =
+        closing_controls::Button(frameSettings_, "cmdAddresse", QStringLiteral("..."));
+    auto* cmdClearAddresse =
+        closing_controls::Button(frameSettings_, "cmdClearAddresse", QStringLiteral("X"));
     auto* settings = new QGridLayout(frameSettings_);
     settings->addWidget(new QLabel(QStringLiteral("Operacijos grupė"), frameSettings_), 0, 0);
     settings->addWidget(txtGroup_, 0, 1);
@@ -159,9 +126,10 @@ QWidget* FrmCoversInFuture::BuildWidget() {
     lvwRows_->setColumnCount(DeferredCovers::ColumnCaptions().size());
     lvwRows_->setContextMenuPolicy(Qt::CustomContextMenu);
 
-    auto* cmdSelectAll = button(root, "cmdSelectAll", QStringLiteral("Pažymėti/Atšaukti"));
-    auto* cmdWrite = button(root, "cmdWrite", QStringLiteral("Sukurti"));
-    auto* SSCClose = button(root, "SSCClose", QStringLiteral("Uždaryti"));
+    auto* cmdSelectAll =
+        closing_controls::Button(root, "cmdSelectAll", QStringLiteral("Pažymėti/Atšaukti"));
+    auto* cmdWrite = closing_controls::Button(root, "cmdWrite", QStringLiteral("Sukurti"));
+    auto* SSCClose = closing_controls::Button(root, "SSCClose", QStringLiteral("Uždaryti"));
     auto* commands = new QHBoxLayout;
     commands->addWidget(cmdSelectAll);
     commands->addStretch();
@@ -277,8 +245,8 @@ void FrmCoversInFuture::showSide() {
 
 void FrmCoversInFuture::showSettings() {
     const QStringList accounts = covers_->Accounts();
-    fillAccounts(cmbAcc_, accounts, covers_->Account);
-    fillAccounts(cmbCoverAcc_, accounts, covers_->CoverAccount);
+    closing_controls::ShowAccounts(cmbAcc_, accounts, covers_->Account);
+    closing_controls::ShowAccounts(cmbCoverAcc_, accounts, covers_->CoverAccount);
     dtpDate1_->setDate(covers_->Date1);
     dtpDate2_->setDate(covers_->Date2);
     chkOnlyNotCovered_->setChecked(covers_->OnlyNotCovered);

@@ -5,7 +5,7 @@
 #include "operations/forms/operation_forms_fixture.h"
 
 #include "core/number_text.h"
-#include "host/storage/money.h"
+#include "settlement/closing_entries.h"
 #include "settlement/forms/frm_accounts_closing.h"
 #include "settlement/forms/frm_accounts_closing_forms.h"
 #include "settlement/forms/frm_covers_in_future.h"
@@ -59,23 +59,8 @@ protected:
         ASSERT_TRUE(saved.ok()) << saved.Text.toStdString();
     }
 
-    // The stored entries of an operation as "debit|credit|sum|date".
     QStringList Stored(const QString& oidr) {
-        const host::QueryResult q = session_->Db().Query(
-            QStringLiteral("SELECT AccountD, AccountC, SumA, DateD FROM BR WHERE BROperID = ? "
-                           "ORDER BY ID"),
-            {Value(oidr.mid(8).toDouble())});
-        EXPECT_TRUE(q.ok()) << q.Text.toStdString();
-        QStringList rows;
-        for (int i = 0; q.ok() && i < q.RowCount(); ++i)
-            rows << q.At(i, 0).toString() + QLatin1Char('|') + q.At(i, 1).toString() +
-                        QLatin1Char('|') +
-                        QString::number(
-                            host::Money::FromCents(host::Money::CentsFromValue(q.At(i, 2))), 'f',
-                            2) +
-                        QLatin1Char('|') +
-                        q.At(i, 3).toDate().toString(QStringLiteral("yyyy.MM.dd"));
-        return rows;
+        return orvo::test::StoredEntryLines(session_->Db(), oidr);
     }
 
     static void SetDate(QDateEdit* edit, const QDate& date) {
