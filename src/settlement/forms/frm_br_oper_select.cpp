@@ -623,14 +623,7 @@ void FrmBROperSelect::accept() {
         }
         result_->MoveFirst();
     } else {
-        const int index = currentIndex();
-        bool anyChecked = false;
-        for (const SelectionRow& r : list_.Rows())
-            anyChecked = anyChecked || r.Checked;
-        // A window opened only to pick an operation takes the row the user stands on.
-        if (!anyChecked && index >= 0)
-            list_.Check(index, reported_);
-        result_ = SelectionResult::Build(list_, context, index);
+        result_ = SelectionResult::Build(list_, context, currentIndex());
     }
     cancelled_ = false;
     close(true);
