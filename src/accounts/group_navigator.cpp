@@ -11,6 +11,8 @@
 #include "frame/orvo_services.h"
 #include "frame/orvo_shell_service.h"
 
+#include <QDate>
+
 namespace orvo {
 
 namespace {
@@ -279,11 +281,23 @@ RecordsetPtr UI0201400::GetOrvoObjectList(const QString& oid, const QString& fro
     const BusinessObjectPtr bo = BO();
     if (!bo)
         return nullptr;
-    const QString first = from.trimmed().isEmpty() ? QStringLiteral("1990.01.01") : from.trimmed();
-    const QString last = to.trimmed().isEmpty() ? QStringLiteral("9999.12.31") : to.trimmed();
-    const BOResult r =
-        bo->Call(QStringLiteral("DO0201400_GetGroupNodes"),
-                 QStringLiteral("'%1','%2','%3'").arg(oid.isEmpty() ? kGroup : oid, first, last));
+    // The list is bounded by a period of dates. The tree asks by positions in the list
+    // ("1", "100"), which bound no date: they choose the screen of rows to read.
+    const auto isDate = [](const QString& text) {
+        return QDate::fromString(text.trimmed(), QStringLiteral("yyyy.MM.dd")).isValid();
+    };
+    const auto position = [](const QString& text) {
+        bool ok = false;
+        const int n = text.trimmed().toInt(&ok);
+        return ok && n > 0 ? n : 0;
+    };
+    const QString first = isDate(from) ? from.trimmed() : QStringLiteral("1990.01.01");
+    const QString last = isDate(to) ? to.trimmed() : QStringLiteral("9999.12.31");
+    const BOResult r = bo->Call(QStringLiteral("DO0201400_GetGroupNodes"),
+                                QStringLiteral("'%1','%2','%3',%4,%5")
+                                    .arg(oid.isEmpty() ? kGroup : oid, first, last)
+                                    .arg(position(from))
+                                    .arg(position(to)));
     if (r.Code != 0) {
         ShowWarning(r.Text);
         return nullptr;

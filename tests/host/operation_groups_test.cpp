@@ -290,6 +290,34 @@ TEST_P(OperationGroupsTest, GroupNodesAreSubgroupsThenOperationsOfThePeriod) {
               QStringList({QStringLiteral("2024.01.10 Nr 0")}));
 }
 
+TEST_P(OperationGroupsTest, GroupNodesWindowReadsOnlyTheAskedRowsOfTheWholeList) {
+    const qint64 group = AddGroup({{QStringLiteral("Name"), QStringLiteral("Kasa")}});
+    AddGroup({{QStringLiteral("Name"), QStringLiteral("A poskyris")},
+              {QStringLiteral("ParentID"), Value(double(group))}});
+    AddGroup({{QStringLiteral("Name"), QStringLiteral("B poskyris")},
+              {QStringLiteral("ParentID"), Value(double(group))}});
+    for (int day = 1; day <= 4; ++day)
+        ASSERT_TRUE(SaveOperation(group, 0, QDate(2024, 1, day)).ok());
+    const auto window = [&](int first, int last) {
+        const BOResult r =
+            Call(QStringLiteral("DO0201400_GetGroupNodes"),
+                 QStringLiteral("'O0201400%1','','',%2,%3").arg(group).arg(first).arg(last));
+        EXPECT_TRUE(r.ok()) << r.Text.toStdString();
+        return Rows(r.Data.toRecordset(), {QStringLiteral("Preview")});
+    };
+    // Subgroups first, then the operations by date; a window may span both.
+    EXPECT_EQ(window(2, 4),
+              QStringList({QStringLiteral("B poskyris"), QStringLiteral("2024.01.01 Nr 0"),
+                           QStringLiteral("2024.01.02 Nr 0")}));
+    EXPECT_EQ(window(5, 5), QStringList({QStringLiteral("2024.01.03 Nr 0")}));
+    EXPECT_EQ(window(6, 0), QStringList({QStringLiteral("2024.01.04 Nr 0")}));
+    EXPECT_EQ(window(7, 100), QStringList());
+    EXPECT_EQ(window(0, 0).size(), 6);
+    const BOResult backwards = Call(QStringLiteral("DO0201400_GetGroupNodes"),
+                                    QStringLiteral("'O0201400%1','','',5,2").arg(group));
+    EXPECT_FALSE(backwards.ok());
+}
+
 ORVO_STORAGE_BACKENDS(OperationGroupsTest);
 ORVO_STORAGE_BACKENDS(AccountSettingsTest);
 

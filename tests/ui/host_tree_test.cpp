@@ -119,6 +119,23 @@ TEST_F(DesktopTest, TemplatesNodeListsTheDemoTemplatesThroughTheirNavigator) {
     EXPECT_FALSE(Tree().MenuFor(templates).isEmpty());
 }
 
+TEST_F(DesktopTest, GroupsNodeListsTheGroupsAndAGroupRowItsSubgroupsWithoutAWarning) {
+    // The tree asks a list by positions; the groups' list is bounded by dates, so the
+    // positions must not be taken for dates.
+    QTreeWidgetItem* groups = Node(QStringLiteral("Finansinių operacijų apskaita"));
+    groups->setExpanded(true);
+    EXPECT_EQ(Captions(groups), QStringList({QStringLiteral("Finansinės operacijos"),
+                                             QStringLiteral("Pinigų apskaita")}));
+    QTreeWidgetItem* general = groups->child(0);
+    general->setExpanded(true);
+    const QStringList inside = Captions(general);
+    EXPECT_TRUE(inside.contains(QStringLiteral("Bendrosios operacijos")))
+        << inside.join(QLatin1Char('|')).toStdString();
+    EXPECT_TRUE(inside.contains(QStringLiteral("Metų uždarymas")))
+        << inside.join(QLatin1Char('|')).toStdString();
+    EXPECT_TRUE(window_->Services().Messages->Take().isEmpty());
+}
+
 TEST_F(DesktopTest, RowWhoseListRepeatsItsOwnListIsALeaf) {
     QTreeWidgetItem* firms = Node(kFirms);
     firms->setExpanded(true);

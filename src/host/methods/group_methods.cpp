@@ -14,6 +14,8 @@
 #include "host/objects/operation_kind.h"
 #include "host/storage/database.h"
 
+#include <limits>
+
 namespace orvo::host {
 
 namespace {
@@ -137,8 +139,10 @@ FieldDefs listFields() {
     return {text("OIDR", 30), text("OType", 20), text("Preview")};
 }
 
+// `firstRow`..`lastRow` (1-based, 0 for no bound) is a window on the whole list, so that a
+// tree showing a screen at a time reads only that screen of a group of many operations.
 BOResult groupNodes(Database& db, const QString& name, const QString& oid, const QString& from,
-                    const QString& to) {
+                    const QString& to, qint64 firstRow, qint64 lastRow) {
     const QString ref = oid.trimmed();
     qint64 group = 0;
     if (ref.size() > 8) {
@@ -155,6 +159,11 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
         return BOResult::Failure(
             1, QStringLiteral("%1: laikotarpio datos turi būti rašomos yyyy.mm.dd.").arg(name));
 
+    if (firstRow < 1)
+        firstRow = 1;
+    if (lastRow > 0 && lastRow < firstRow)
+        return BOResult::Failure(
+            1, QStringLiteral("%1: paskutinė eilutė negali būti prieš pirmąją.").arg(name));
     auto rs = Recordset::Create(listFields());
     const QueryResult groups =
         group == 0 ? db.Query(QStringLiteral("SELECT ID, Name FROM BROperGroups WHERE ParentID "
@@ -164,7 +173,8 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
                               {Value(double(group))});
     if (!groups.ok())
         return failed(groups.Text);
-    for (int i = 0; i < groups.RowCount(); ++i) {
+    const qint64 groupRows = groups.RowCount();
+    for (qint64 i = firstRow - 1; i < groupRows && (lastRow == 0 || i < lastRow); ++i) {
         rs->AddNew();
         rs->SetField(0, QString(kinds::OperationGroup + QString::number(idOf(groups.At(i, 0)))));
         rs->SetField(1, kinds::OperationGroup);
@@ -184,6 +194,16 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
             params << Value(last);
         }
         sql += QStringLiteral(" ORDER BY DateD, ID");
+        // Positions past the subgroups are positions among the operations.
+        const qint64 skip = qMax<qint64>(0, firstRow - 1 - groupRows);
+        if (lastRow > 0 || skip > 0) {
+            const qint64 take = lastRow > 0
+                                    ? qMax<qint64>(0, lastRow - qMax(groupRows, firstRow - 1))
+                                    : std::numeric_limits<qint32>::max();
+            sql += QStringLiteral(" LIMIT ? OFFSET ?");
+            params << Value(qint32(qMin<qint64>(take, std::numeric_limits<qint32>::max())))
+                   << Value(qint32(qMin<qint64>(skip, std::numeric_limits<qint32>::max())));
+        }
         const QueryResult ops = db.Query(sql, params);
         if (!ops.ok())
             return failed(ops.Text);
@@ -287,13 +307,18 @@ ResultRecord RegisterGroupMethods(MethodRegistry& methods) {
                        });
     list << BookMethod(
         QStringLiteral("DO0201400_GetGroupNodes"),
-        {optionalText("OID"), optionalText("From"), optionalText("To")}, listFields(),
+        {optionalText("OID"), optionalText("From"), optionalText("To"),
+         ParameterSpec::Optional(QStringLiteral("FirstRow"), ParameterKind::Integer, Value(0)),
+         ParameterSpec::Optional(QStringLiteral("LastRow"), ParameterKind::Integer, Value(0))},
+        listFields(),
         QStringLiteral("The groups under a group by name, then the group's operations "
-                       "dated From..To (yyyy.mm.dd, empty for no bound)."),
+                       "dated From..To (yyyy.mm.dd, empty for no bound) by date; FirstRow.."
+                       "LastRow (1-based, 0 for no bound) keeps only those rows of that list."),
         [](MethodContext& ctx, const MethodArguments& a) {
             return groupNodes(*ctx.database, QStringLiteral("DO0201400_GetGroupNodes"),
                               a.Text(QStringLiteral("OID")), a.Text(QStringLiteral("From")),
-                              a.Text(QStringLiteral("To")));
+                              a.Text(QStringLiteral("To")), a.Integer(QStringLiteral("FirstRow")),
+                              a.Integer(QStringLiteral("LastRow")));
         });
     list << BookMethod(
         QStringLiteral("GetAutoNumber"),
