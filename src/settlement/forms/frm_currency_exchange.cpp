@@ -46,6 +46,7 @@ QWidget* FrmCurrencyExchange::buildFrame(QWidget* root, Frame& frame, const char
     frame.cmbBankAcc = named(new QComboBox(box), QStringLiteral("cmbBankAcc") + s);
     frame.cmdClearBankAcc =
         named(new QPushButton(QStringLiteral("X"), box), QStringLiteral("cmdClearBankAcc") + s);
+    frame.cmdClearBankAcc->setFixedWidth(32);
     frame.cmbCurr = named(new QComboBox(box), QStringLiteral("cmbCurr") + s);
     frame.txtRate = named(new QLineEdit(box), QStringLiteral("txtRate") + s);
     frame.txtSum = named(new QLineEdit(box), QStringLiteral("txtSum") + s);
@@ -151,6 +152,7 @@ void FrmCurrencyExchange::showFrame(Frame& frame, const CurrencyExchange::Side& 
     frame.cmbBankAcc->setCurrentIndex(frame.cmbBankAcc->findData(side.BankAccount));
     Catalogue::FillCurrencyCombo(*frame.currency, logic_->currencyRates, side.Currency);
     frame.txtRate->setText(side.RateText);
+    frame.txtRate->setEnabled(side.Currency.trimmed().size() == 3);
     frame.txtSum->setText(side.SumText);
 }
 

@@ -81,6 +81,8 @@ QWidget* FrmCurrencyInfluence::BuildWidget() {
     cmbVariants_ = named(new QComboBox(root), "cmbVariants");
     cmdVariants_ = named(new QPushButton(QStringLiteral("..."), root), "cmdVariants");
 
+    for (QPushButton* small : {cmdAddr_, cmdCleanAddr_, cmdVariants_})
+        small->setFixedWidth(32);
     lvwBROper_ = named(new QTreeWidget(root), "lvwBROper");
     lvwBROper_->setRootIsDecorated(false);
     lvwBROper_->setContextMenuPolicy(Qt::CustomContextMenu);
