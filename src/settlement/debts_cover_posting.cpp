@@ -127,6 +127,41 @@ bool DebtsCoverPosting::addEntry(const QString& debit, const QString& credit, co
     return true;
 }
 
+// The leg of a row in a step: its currency sum is the row's whole payment when the row
+// is covered at once, else the step at the rate, the rate made to fit the step to nine
+// places when the rounded sum does not give it back.
+DebtsCoverPosting::Leg DebtsCoverPosting::legOf(const DebtsCoverRow& row, int sign, double step,
+                                                double rest, double done) {
+    Leg leg;
+    leg.key = row.Key;
+    leg.docText = row.DocText();
+    leg.currCode = row.CurrencyCode;
+    leg.rate = row.Rate;
+    leg.sign = sign;
+    leg.sumBase = step;
+    if (!isCurrency(leg.currCode) || leg.rate <= 0)
+        return leg;
+    if (done == 0 && step == rest) {
+        leg.sumCurr = row.PaymentSumCurr;
+        return leg;
+    }
+    leg.sumCurr = Round(step / leg.rate + BaseSumAddend, 2);
+    if (leg.sumCurr != 0 && Round(leg.rate * leg.sumCurr + BaseSumAddend, 2) != step)
+        leg.rate = Round(step / leg.sumCurr, 9);
+    return leg;
+}
+
+// The currency that rounding left on a row goes into its last entry; the rate follows.
+void DebtsCoverPosting::foldCurrencyRest(Leg& leg, double restCurr, double step) {
+    leg.sumCurr = Round(leg.sumCurr + restCurr, 2);
+    if (leg.sumCurr <= 0) {
+        leg.sumCurr = 0;
+        leg.rate = 0;
+    } else if (Round(leg.sumCurr * leg.rate + BaseSumAddend, 2) != step) {
+        leg.rate = Round(step / leg.sumCurr, 9);
+    }
+}
+
 bool DebtsCoverPosting::Run(const DebtsCoverSide& primary, const DebtsCoverSide& secondary) {
     added_.clear();
     if (!op_)
@@ -178,24 +213,7 @@ bool DebtsCoverPosting::Run(const DebtsCoverSide& primary, const DebtsCoverSide&
         if (restP < restS)
             primaryShorter = true;
 
-        Leg legP;
-        legP.key = rowP.Key;
-        legP.docText = rowP.DocText();
-        legP.currCode = rowP.CurrencyCode;
-        legP.rate = rowP.Rate;
-        legP.sign = signP;
-        if (isCurrency(legP.currCode) && legP.rate > 0) {
-            if (doneP == 0 && step == restP) {
-                legP.sumCurr = rowP.PaymentSumCurr;
-            } else {
-                legP.sumCurr = Round(step / legP.rate + BaseSumAddend, 2);
-                if (legP.sumCurr != 0) {
-                    const double back = Round(legP.rate * legP.sumCurr + BaseSumAddend, 2);
-                    if (back != step)
-                        legP.rate = Round(step / legP.sumCurr, 9);
-                }
-            }
-        }
+        Leg legP = legOf(rowP, signP, step, restP, doneP);
         restP = Round(restP - step, 2);
         doneP += step;
         if (legP.sumCurr > 0) {
@@ -205,58 +223,25 @@ bool DebtsCoverPosting::Run(const DebtsCoverSide& primary, const DebtsCoverSide&
                 if (restCurrP == 0 && restP != 0 &&
                     !PostRateChange(signP * restP, primary.Account, triplesP, signP, date))
                     return false;
-                if (restCurrP != 0) {
-                    legP.sumCurr = Round(legP.sumCurr + restCurrP, 2);
-                    if (legP.sumCurr <= 0) {
-                        legP.sumCurr = 0;
-                        legP.rate = 0;
-                    } else if (Round(legP.sumCurr * legP.rate + BaseSumAddend, 2) != step) {
-                        legP.rate = Round(step / legP.sumCurr, 9);
-                    }
-                }
+                if (restCurrP != 0)
+                    foldCurrencyRest(legP, restCurrP, step);
             }
         }
-        legP.sumBase = step;
 
-        Leg legS;
-        legS.key = rowS.Key;
-        legS.docText = rowS.DocText();
-        legS.currCode = rowS.CurrencyCode;
-        legS.rate = rowS.Rate;
-        legS.sign = signS;
-        if (isCurrency(legS.currCode) && legS.rate > 0) {
-            if (doneS == 0 && step == restS) {
-                legS.sumCurr = rowS.PaymentSumCurr;
-            } else {
-                legS.sumCurr = Round(step / legS.rate + BaseSumAddend, 2);
-                if (legS.sumCurr != 0) {
-                    const double back = Round(legS.rate * legS.sumCurr + BaseSumAddend, 2);
-                    if (back != step)
-                        legS.rate = Round(step / legS.sumCurr, 9);
-                }
-            }
-        }
+        Leg legS = legOf(rowS, signS, step, restS, doneS);
         restS = Round(restS - step, 2);
         doneS += step;
         if (legS.sumCurr > 0) {
             restCurrS = Round(restCurrS - legS.sumCurr, 2);
             doneCurrS += legS.sumCurr;
             if (doneS > 0) {
-                if (restS == 0 && restCurrS != 0) {
-                    legS.sumCurr = Round(legS.sumCurr + restCurrS, 2);
-                    if (legS.sumCurr <= 0) {
-                        legS.sumCurr = 0;
-                        legS.rate = 0;
-                    } else if (Round(legS.sumCurr * legS.rate + BaseSumAddend, 2) != step) {
-                        legS.rate = Round(step / legS.sumCurr, 9);
-                    }
-                }
+                if (restS == 0 && restCurrS != 0)
+                    foldCurrencyRest(legS, restCurrS, step);
                 if (restS != 0 && restCurrS == 0 &&
                     !PostRateChange(signS * restS, secondary.Account, triplesS, signS, date))
                     return false;
             }
         }
-        legS.sumBase = step;
 
         if (step <= 0) {
             // A pair with nothing to cover moves on; one that could never end stops.

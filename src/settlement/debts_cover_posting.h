@@ -70,6 +70,8 @@ private:
         int sign = 1;
     };
 
+    static Leg legOf(const DebtsCoverRow& row, int sign, double step, double rest, double done);
+    static void foldCurrencyRest(Leg& leg, double restCurr, double step);
     bool addEntry(const QString& debit, const QString& credit, const Leg& primary,
                   const Leg& secondary, double step, const ValueArray& addressees,
                   const QDate& date);
