@@ -12,6 +12,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QListWidget>
 
 namespace orvo::ui::testing {
 
@@ -332,6 +333,56 @@ TEST_F(SelectionFormsTest, AChangedRateIsLaidOverTheChosenRow) {
     // 100 dollars at 0,8 euro: the receivable of 90,00 fell to 80,00.
     EXPECT_EQ(row.at(2), QStringLiteral("80,00"));
     EXPECT_EQ(row.at(9), QStringLiteral("10,00"));
+}
+
+TEST_F(SelectionFormsTest,
+       FindingByADocumentNumberOffersTheCompaniesThatShareItAndListsTheChosenOnesDebts) {
+    BookSale(10.0);
+    // Another client's sale under the same number.
+    {
+        const OrvoObjectUIOPtr other = NewOperation();
+        other->SetField(QStringLiteral("DateD"), Value(QDate(2024, 3, 2)));
+        other->SetField(QStringLiteral("Number"), QStringLiteral("SF-1"));
+        const QString otherClient = QStringLiteral("O000010091");
+        const ValueResult r = other->Methods(
+            QStringLiteral("AddBR"),
+            {Value(QStringLiteral("2410")), Value(QStringLiteral("5000")), Value(44.0),
+             Value(ValueArray{qint16(1), otherClient, QStringLiteral("UAB „Kitas“"), qint16(-1),
+                              otherClient, QStringLiteral("UAB „Kitas“")})});
+        ASSERT_EQ(r.Code, 0);
+        ASSERT_TRUE(other->Save().ok());
+    }
+    QString prompt, inputTitle, chosen;
+    QStringList offered, rows;
+    Expect(QStringLiteral("frmBROperSelectDialog"), [&](QDialog& dialog) {
+        FormDriver d(dialog);
+        Expect(QStringLiteral("frmInputBox"), [&](QDialog& input) {
+            prompt = Find<QLabel>(&input, "lblPrompt")->text();
+            inputTitle = input.windowTitle();
+            Find<QLineEdit>(&input, "txtInput")->setText(QStringLiteral("SF-1"));
+            Click(&input, "cmdOK");
+        });
+        Expect(QStringLiteral("OrvoGroupSelect"), [&](QDialog& choice) {
+            auto* list = Find<QListWidget>(&choice, "lvwObjects");
+            for (int i = 0; i < list->count(); ++i)
+                offered << list->item(i)->text();
+            list->setCurrentRow(1);
+            Click(&choice, "cmdOK");
+        });
+        ASSERT_TRUE(d.Click(QStringLiteral("mnuFind")).ok());
+        chosen = Find<QLineEdit>(&dialog, "txtAddr")->text();
+        rows = Column(List(dialog), 2);
+        Click(&dialog, "cmdCancel");
+    });
+    const OrvoObjectUIOPtr op = NewOperation();
+    op->Methods(QStringLiteral("BROperSelect"), {Value(QString()), Value(QStringLiteral("2410")),
+                                                 Value(QString()), Value(QDate(2024, 3, 15))});
+    EXPECT_TRUE(AllAnswered());
+    EXPECT_EQ(prompt, QStringLiteral("Dokumento numeris:"));
+    EXPECT_EQ(inputTitle, QStringLiteral("Dokumento paieška"));
+    EXPECT_EQ(offered, QStringList({kClientName, QStringLiteral("UAB „Kitas“")}));
+    EXPECT_EQ(chosen, QStringLiteral("UAB „Kitas“"));
+    EXPECT_EQ(rows, QStringList({"44,00"}));
 }
 
 } // namespace
