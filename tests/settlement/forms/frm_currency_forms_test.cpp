@@ -11,6 +11,7 @@
 #include "settlement/forms/frm_currency_influence.h"
 
 #include <QLabel>
+#include <QRadioButton>
 
 using namespace orvo;
 using namespace orvo::ui::testing;
@@ -171,5 +172,34 @@ TEST_F(CurrencyFormsTest, OperationEditorOpensBothWindowsByTheirCaptions) {
     EXPECT_TRUE(editor.OpenSettlementForm(QStringLiteral("Valiutos perskaičiavimas")));
     EXPECT_TRUE(editor.OpenSettlementForm(QStringLiteral("Valiutos pirkimas / pardavimas")));
     EXPECT_TRUE(AllAnswered());
+    EXPECT_TRUE(Unexpected().isEmpty()) << Unexpected().join(", ").toStdString();
+}
+
+TEST_F(CurrencyFormsTest, BalanceModeLeavesTheSideAndASavedVariantSetsTheWindowAgain) {
+    const OrvoObjectUIOPtr op = NewOperation();
+    auto form = std::make_shared<FrmCurrencyInfluence>();
+    form->SetOrvoObjectUIO(op);
+    QWidget* root = form->Widget();
+    Find<QRadioButton>(root, "optByTotals")->setChecked(true);
+    EXPECT_FALSE(Find<QRadioButton>(root, "optDeb")->isEnabled());
+    EXPECT_FALSE(Find<QRadioButton>(root, "optCred")->isEnabled());
+    Choose(Find<QComboBox>(root, "cmbAcc"), QStringLiteral("2712"));
+    Action(root, "mnuFirms")->trigger();
+    Action(root, "mnuAddVariant")->trigger();
+    auto* variants = Find<QComboBox>(root, "cmbVariants");
+    ASSERT_EQ(variants->count(), 1);
+    EXPECT_EQ(variants->itemText(0), QStringLiteral("2712 * Visi klientai"));
+
+    Find<QRadioButton>(root, "optByOpers")->setChecked(true);
+    EXPECT_TRUE(Find<QRadioButton>(root, "optDeb")->isEnabled());
+    Click(root, "cmdCleanAddr");
+    EXPECT_TRUE(Find<QLineEdit>(root, "txtAddr")->text().isEmpty());
+    variants->setCurrentIndex(0);
+    Q_EMIT variants->activated(0);
+    EXPECT_TRUE(Find<QRadioButton>(root, "optByTotals")->isChecked());
+    EXPECT_FALSE(Find<QRadioButton>(root, "optDeb")->isEnabled());
+    EXPECT_TRUE(Find<QComboBox>(root, "cmbAcc")->currentText().startsWith(QStringLiteral("2712")));
+    EXPECT_EQ(Find<QLineEdit>(root, "txtAddr")->text(), QStringLiteral("Visi klientai"));
+    EXPECT_EQ(form->Logic()->addressee, QStringLiteral("O0000100"));
     EXPECT_TRUE(Unexpected().isEmpty()) << Unexpected().join(", ").toStdString();
 }
