@@ -92,6 +92,10 @@ TEST_P(AccountsClosingTest, IncomeOf10000AndExpenseOf7000CloseInto391AndLeave300
     EXPECT_EQ(StoredEntries(oidr),
               QStringList({"5000|391|10000.00|2023.12.31", "391|6000|7000.00|2023.12.31",
                            "391|340|3000.00|2023.12.31"}));
+    // The closing's own kind as its reference, so that opening it again brings its editor.
+    EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE ID = ? AND FOIDR = ?"),
+                    {Value(oidr.mid(8).toDouble()), Value(QStringLiteral("O0201506"))}),
+              1);
     EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE ID = ? AND OType = ? AND "
                                    "Comment = ? AND Parameters = ?"),
                     {Value(oidr.mid(8).toDouble()), Value(QStringLiteral("O0201506")),
@@ -213,6 +217,32 @@ TEST_P(AccountsClosingTest, SavingWithoutPreparedEntriesWarnsAndStoresNothing) {
     EXPECT_EQ(Boxes(), QStringList({"Neparuošti operacijos įrašai!"}));
     EXPECT_EQ(Count(QStringLiteral("SELECT COUNT(*) FROM BROpers")), before);
     EXPECT_LT(closing->Object()->OIDR().size(), 9);
+}
+
+TEST_P(AccountsClosingTest, RefusedSaveShowsWhyAndGivesBackTheOldDateAndNumber) {
+    IncomeAndExpense();
+    const host::QueryResult id =
+        session_->Db().Query(QStringLiteral("SELECT ID FROM Accounts WHERE Account = '391'"));
+    ASSERT_TRUE(id.ok() && id.RowCount() == 1);
+    ASSERT_TRUE(session_->Db()
+                    .Execute(QStringLiteral("INSERT INTO AccountLocks (AccountID, DateToHigh, "
+                                            "DateToLow) VALUES (?, ?, ?)"),
+                             {id.Scalar(), Value(QDate(2024, 1, 31)), Value(QDate(1900, 1, 1))})
+                    .ok());
+    const auto closing = NewClosing();
+    ASSERT_TRUE(closing->Fill());
+    const Value oldDate = closing->Object()->Field(QStringLiteral("DateD"));
+    const Value oldNumber = closing->Object()->Field(QStringLiteral("Number"));
+    EXPECT_FALSE(closing->Write());
+    const QStringList boxes = Boxes();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes.first().startsWith(QStringLiteral("Įrašymas neatliktas !\n")))
+        << boxes.first().toStdString();
+    EXPECT_GT(boxes.first().size(), QStringLiteral("Įrašymas neatliktas !\n").size());
+    EXPECT_EQ(closing->Object()->Field(QStringLiteral("DateD")).toDate(), oldDate.toDate());
+    EXPECT_EQ(NzString(closing->Object()->Field(QStringLiteral("Number"))), NzString(oldNumber));
+    EXPECT_LT(closing->Object()->OIDR().size(), 9);
+    EXPECT_EQ(closing->Rows.size(), 3);
 }
 
 TEST_P(AccountsClosingTest, GroupOfAnotherKindIsDroppedWithAWarning) {

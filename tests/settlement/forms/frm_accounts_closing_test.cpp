@@ -5,9 +5,11 @@
 #include "operations/forms/operation_forms_fixture.h"
 
 #include "core/number_text.h"
+#include "reports/pdf_list_writer.h"
 #include "settlement/closing_entries.h"
 #include "settlement/forms/frm_accounts_closing.h"
 #include "settlement/forms/frm_accounts_closing_forms.h"
+#include "settlement/forms/frm_accounts_closing_print.h"
 #include "settlement/forms/frm_covers_in_future.h"
 
 #include <QCheckBox>
@@ -118,6 +120,22 @@ TEST_F(ClosingFormsTest, ClosingWindowPreparesItsEntriesOncePrintsAndStoresTheCl
               FormatNumberLt(10000.0, 2) + QStringLiteral(" EUR"));
     EXPECT_EQ(Find<QLabel>(root, "lblTotal6")->text(),
               FormatNumberLt(7000.0, 2) + QStringLiteral(" EUR"));
+
+    const reports::ListReport report = AccountsClosingReport(*form->Closing());
+    EXPECT_EQ(report.Title, QStringLiteral("SĄSKAITŲ UŽDARYMAS"));
+    QStringList firstCells;
+    for (const reports::ReportRow& row : report.Rows)
+        firstCells << row.Cells.value(0);
+    EXPECT_EQ(firstCells,
+              QStringList({"5 kl. sumos", "6 kl. sumos", "Perkėlimai", "1", "2", "3", "Viso:"}));
+    EXPECT_EQ(report.Rows.at(0).Cells.at(3), FormatNumberLt(10000.0, 2) + QStringLiteral(" EUR"));
+    EXPECT_EQ(report.Rows.at(3).Cells.mid(1, 3),
+              QStringList({"5000", "391", FormatAmount(10000.0)}));
+    EXPECT_TRUE(
+        report.Rows.at(3).Cells.at(4).startsWith(QStringLiteral("5000 Pardavimo pajamos / 391 ")))
+        << report.Rows.at(3).Cells.at(4).toStdString();
+    EXPECT_EQ(report.Rows.last().Cells.at(3), FormatAmount(20000.0));
+    EXPECT_GE(reports::PdfListWriter::PageCount(report), 1);
 
     bool previewed = false;
     Expect(QStringLiteral("frmPrintPreview"), [&previewed](QDialog& preview) {
