@@ -210,6 +210,23 @@ TEST_P(AccountsClosingTest, SavedClosingReopensWithItsChoicesNumberAndDate) {
     EXPECT_EQ(reopened.Rows.size(), 3);
 }
 
+TEST_P(AccountsClosingTest, NewClosingAfterASaveKeepsTheGroupAndStartsEmpty) {
+    IncomeAndExpense();
+    const auto closing = NewClosing();
+    ASSERT_TRUE(closing->Fill());
+    ASSERT_TRUE(closing->Write());
+    const QString saved = closing->Object()->OIDR();
+    const QString number = closing->Number;
+    closing->NewClosing();
+    EXPECT_TRUE(closing->IsNew());
+    EXPECT_TRUE(closing->Rows.isEmpty());
+    EXPECT_EQ(closing->Title, QStringLiteral("Nauja operacija"));
+    EXPECT_EQ(closing->GroupText, QStringLiteral("Metų uždarymas"));
+    EXPECT_NE(closing->Number, number);
+    EXPECT_EQ(NzLong(closing->Object()->Field(QStringLiteral("BROperGroupID"))), ClosingGroup());
+    EXPECT_EQ(StoredEntries(saved).size(), 3) << "the saved closing stays as it was";
+}
+
 TEST_P(AccountsClosingTest, SavingWithoutPreparedEntriesWarnsAndStoresNothing) {
     const auto closing = NewClosing();
     const qint64 before = Count(QStringLiteral("SELECT COUNT(*) FROM BROpers"));

@@ -197,6 +197,31 @@ TEST_P(DeferredCoversTest, DeletingTheCoverAsksAndRemovesItsOperation) {
     EXPECT_TRUE(covers->Rows.first().RelatedBROper.isEmpty());
 }
 
+TEST_P(DeferredCoversTest, EachCheckedRowGetsAnOperationOfItsOwnWithTheNextNumber) {
+    Insurance();
+    Book(QDate(2023, 12, 20), QStringLiteral("D-2"), {{"2910", "2720", 50.00}});
+    const auto covers = Open();
+    ASSERT_TRUE(covers->Fill());
+    ASSERT_EQ(covers->Rows.size(), 3);
+    covers->ToggleAll();
+    covers->SetPeriod(0, QStringLiteral("2024.01"), QStringLiteral("2"));
+    covers->SetPeriod(1, QStringLiteral("2024.02"), QStringLiteral("1"));
+    const QString first = covers->Number;
+    ASSERT_TRUE(covers->Write());
+    ASSERT_EQ(covers->Created.size(), 2);
+    EXPECT_EQ(StoredEntries(covers->Created.at(0)),
+              QStringList({"6100|2910|50.00|2024.01.01", "6100|2910|50.00|2024.02.01"}));
+    EXPECT_EQ(StoredEntries(covers->Created.at(1)), QStringList({"6100|2910|50.00|2024.02.01"}));
+    const host::QueryResult numbers = session_->Db().Query(
+        QStringLiteral("SELECT Number FROM BROpers WHERE ID IN (?, ?) ORDER BY ID"),
+        {Value(covers->Created.at(0).mid(8).toDouble()),
+         Value(covers->Created.at(1).mid(8).toDouble())});
+    ASSERT_TRUE(numbers.ok() && numbers.RowCount() == 2);
+    EXPECT_EQ(numbers.At(0, 0).toString(), first);
+    EXPECT_NE(numbers.At(1, 0).toString(), first);
+    EXPECT_NE(covers->Number, numbers.At(1, 0).toString()) << "the window offers the next one";
+}
+
 TEST_P(DeferredCoversTest, SelectAllTogglesEveryEntryRow) {
     Insurance();
     Book(QDate(2023, 12, 20), QStringLiteral("D-2"), {{"2910", "2720", 50.00}});
