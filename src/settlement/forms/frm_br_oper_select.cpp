@@ -311,14 +311,29 @@ QWidget* FrmBROperSelect::build() {
                     addresseeName_ = NzString(props->Field(QStringLiteral("ShowString")));
         }
     }
+    if (addresseeName_.isEmpty() && foidr_.size() >= 9 && op) {
+        // Else the text that the book's entries of the account give the addressee.
+        const ValueResult props =
+            op->Properties(QStringLiteral("BRPropertiesByAcc"),
+                           QStringLiteral("'") + FirstWord(cmbAcc_->currentText()) +
+                               QStringLiteral("','") + foidr_ + QStringLiteral("',0"));
+        const RecordsetPtr rows = props.Code == 0 ? props.Value.toRecordset() : nullptr;
+        if (rows && rows->RecordCount() > 0) {
+            rows->MoveFirst();
+            if (NzString(rows->Field(QStringLiteral("FOIDR"))) == foidr_)
+                addresseeName_ = NzString(rows->Field(QStringLiteral("ShowString")));
+        }
+    }
     if (!addresseeName_.isEmpty())
         txtAddr_->setText(addresseeName_);
     txtOperGroup_->setText(op ? QString::number(NzLong(op->Field(QStringLiteral("BROperGroupID"))))
                               : QString());
     dtpDate_->setDate(NzDate(param(parameters_, "DateD"), Today()));
     txtCurrCode_->setText(list_.Payment().Code);
-    txtRate_->setText(list_.Payment().Rate > 0 ? FormatNumberLt(list_.Payment().Rate, 9, false)
-                                               : QString());
+    // Under a euro base a rate is shown as foreign units per euro.
+    const double payRate = list_.Payment().Rate;
+    const double shownRate = payRate > 0 && Catalogue::BaseIsEuro() ? 1.0 / payRate : payRate;
+    txtRate_->setText(shownRate > 0 ? FormatNumberLt(shownRate, 9, false) : QString());
     txtRateDate_->setText(DateParam(rateDate_));
     const DictionaryPtr acc536 = Catalogue::PresetAccountsByCode(op, QStringLiteral("536"));
     const DictionaryPtr acc636 = Catalogue::PresetAccountsByCode(op, QStringLiteral("636"));

@@ -385,5 +385,30 @@ TEST_F(SelectionFormsTest,
     EXPECT_EQ(rows, QStringList({"44,00"}));
 }
 
+TEST_F(SelectionFormsTest, APaymentSelectionListsDebtsOnlyAndNamesItsAddressee) {
+    BookSale(10.0);
+    const OrvoObjectUIOPtr op =
+        session_->Services()->ObjectsService()->GetObjectUIO(QStringLiteral("O0201505"));
+    ASSERT_TRUE(op);
+    op->SetField(QStringLiteral("BROperGroupID"), Value(qint32(1)));
+    bool tradeOffered = true;
+    QString addressee;
+    int rows = 0;
+    Expect(QStringLiteral("frmBROperSelectDialog"), [&](QDialog& dialog) {
+        tradeOffered = !Find<QWidget>(&dialog, "optTradeDocOpers")->isHidden();
+        addressee = Find<QLineEdit>(&dialog, "txtAddr")->text();
+        rows = List(dialog)->topLevelItemCount();
+        Click(&dialog, "cmdCancel");
+    });
+    const ValueResult r = op->Methods(QStringLiteral("BROperSelect"),
+                                      {Value(QString()), Value(QStringLiteral("2410")),
+                                       Value(kClient), Value(QDate(2024, 3, 15))});
+    EXPECT_TRUE(AllAnswered());
+    EXPECT_FALSE(tradeOffered);
+    EXPECT_EQ(addressee, kClientName);
+    EXPECT_EQ(rows, 1);
+    EXPECT_TRUE(r.Value.isNull() || r.Value.toString().isEmpty());
+}
+
 } // namespace
 } // namespace orvo::ui::testing
