@@ -5,6 +5,7 @@
 #include "operations/forms/operation_forms_fixture.h"
 
 #include "core/number_text.h"
+#include "core/rounding.h"
 #include "host/storage/database.h"
 #include "settlement/forms/frm_br_oper_select_registration.h"
 #include "settlement/selection_debts.h"
@@ -87,6 +88,17 @@ protected:
             rows << q.At(i, 0).toString() + QLatin1Char(' ') + q.At(i, 1).toString() +
                         QLatin1Char(' ') + FormatNumberLt(q.At(i, 2).toDouble() / 100, 2, false);
         return rows;
+    }
+
+    // The rate of the dollar stored for the day: as quoted, or in euros a dollar.
+    double StoredQuote(const QDate& day, const char* column = "CurrencyRate") {
+        const host::QueryResult q = session_->Db().Query(
+            QStringLiteral("SELECT r.") + QString::fromLatin1(column) +
+                QStringLiteral(" FROM CurrencyRates r JOIN Currencies c ON c.ID = r.CurrencyID "
+                               "WHERE c.Code = ? AND r.DateD = ?"),
+            {Value(QStringLiteral("USD")), Value(day)});
+        EXPECT_TRUE(q.ok() && q.RowCount() == 1) << q.Text.toStdString();
+        return q.ok() && q.RowCount() > 0 ? q.At(0, 0).toDouble() : 0.0;
     }
 
     int sales_ = 0;
@@ -310,13 +322,18 @@ TEST_F(SelectionFormsTest, AChangedRateIsLaidOverTheChosenRow) {
     BookSale(100.0, QStringLiteral("USD"), 0.9);
     QString guid;
     const OrvoObjectUIOPtr op = Payment(&guid);
-    QStringList row;
-    QString rateTitle;
+    QStringList row, revalued;
+    QString rateTitle, february;
     Expect(QStringLiteral("frmBROperSelectDialog"), [&](QDialog& dialog) {
         FormDriver d(dialog);
+        revalued = Row(List(dialog), 0);
         ASSERT_TRUE(d.SelectRow(QStringLiteral("lvwBROpers"), 0).ok());
         Expect(QStringLiteral("frmBROperSelect_ChangeRateDialog"), [&](QDialog& rate) {
             rateTitle = rate.windowTitle();
+            // Another date shows that day's rate.
+            FormDriver r(rate);
+            EXPECT_TRUE(r.SetDate(QStringLiteral("dtpDate"), QDate(2024, 2, 1)).ok());
+            february = Find<QLineEdit>(&rate, "txtDayRate")->text();
             // Typed as dollars per euro under a euro base.
             Find<QLineEdit>(&rate, "txtDayRate")->setText(QStringLiteral("1,25"));
             Click(&rate, "cmdSelect");
@@ -329,6 +346,12 @@ TEST_F(SelectionFormsTest, AChangedRateIsLaidOverTheChosenRow) {
                                           Value(QDate(2024, 3, 15)), Value(0.0), Value(QString())});
     EXPECT_TRUE(AllAnswered());
     EXPECT_EQ(rateTitle, QStringLiteral("USD kursas"));
+    // Under a euro base the rate cell shows the debt's rate as quoted, dollars per euro,
+    // while the balance is revalued at the rate of the day.
+    EXPECT_EQ(revalued.value(8), QStringLiteral("1,111111000"));
+    EXPECT_EQ(revalued.value(2),
+              FormatAmount(RoundBaseSum(100.0 * StoredQuote(QDate(2024, 3, 15), "Rate"))));
+    EXPECT_EQ(february, FormatNumberLt(StoredQuote(QDate(2024, 2, 1)), 9, false));
     ASSERT_GE(row.size(), 10);
     // 100 dollars at 0,8 euro: the receivable of 90,00 fell to 80,00.
     EXPECT_EQ(row.at(2), QStringLiteral("80,00"));
