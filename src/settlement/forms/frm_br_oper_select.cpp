@@ -172,7 +172,8 @@ void FrmBROperSelect::readParameters() {
     rateDate_ = NzDate(rateDate, date);
     SelectionPayment payment;
     payment.Code = NzString(param(parameters_, "PaymentCurrCode"));
-    if (payment.Code.isEmpty())
+    // The base currency named by its code is no foreign payment.
+    if (payment.Code.trimmed().isEmpty() || payment.Code == NzString(Catalogue::GetBaseCurrency()))
         payment.Code = kNoCurrency;
     payment.Rate = NzDouble(param(parameters_, "PaymentCurrRate"));
     payment.Sum = NzDouble(param(parameters_, "PaymentSum"));
