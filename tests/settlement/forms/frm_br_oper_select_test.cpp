@@ -433,5 +433,33 @@ TEST_F(SelectionFormsTest, APaymentSelectionListsDebtsOnlyAndNamesItsAddressee) 
     EXPECT_TRUE(r.Value.isNull() || r.Value.toString().isEmpty());
 }
 
+TEST_F(SelectionFormsTest, APaymentSumIsSpreadOverTheOldestDebtsWhenTheWindowOpens) {
+    BookSale(100.0);
+    BookSale(50.0);
+    QString guid;
+    const OrvoObjectUIOPtr op = Payment(&guid, 130.0);
+    QList<bool> checks;
+    QStringList payments;
+    QString chosen;
+    Expect(QStringLiteral("frmBROperSelectDialog"), [&](QDialog& dialog) {
+        QTreeWidget* list = List(dialog);
+        for (int i = 0; i < list->topLevelItemCount(); ++i)
+            checks << (list->topLevelItem(i)->checkState(0) == Qt::Checked);
+        payments = Column(list, 5);
+        chosen = Find<QLineEdit>(&dialog, "txtPaymentLt")->text();
+        Click(&dialog, "cmdOK");
+    });
+    const ValueResult r =
+        op->Methods(QStringLiteral("Debts"),
+                    {Value(guid), Value(qint16(-1)), Value(QString()), Value(QDate(2024, 3, 15)),
+                     Value(130.0), Value(QStringLiteral("Apmokėjimas"))});
+    ASSERT_EQ(r.Code, 0) << r.Text.toStdString();
+    EXPECT_EQ(checks, QList<bool>({true, true}));
+    EXPECT_EQ(payments, QStringList({"100,00", "30,00"}));
+    EXPECT_EQ(chosen, QStringLiteral("130,00"));
+    ASSERT_TRUE(op->Save().ok());
+    EXPECT_EQ(StoredEntries(op), QStringList({"2711 2410 100,00", "2711 2410 30,00"}));
+}
+
 } // namespace
 } // namespace orvo::ui::testing
