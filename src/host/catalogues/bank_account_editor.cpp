@@ -20,19 +20,11 @@ void BankAccountEditor::normalize() {
 }
 
 void BankAccountEditor::afterLoad() {
-    banks_ = {{QString(), QStringLiteral("(nenurodytas)")}};
+    banks_ = recordChoices(kinds::Bank);
     currencies_.clear();
     const BusinessObjectPtr bo = object_ ? object_->BO() : nullptr;
     if (!bo)
         return;
-    const BOResult banks =
-        bo->Call(QStringLiteral("D") + kinds::Bank + QStringLiteral("_GetOrvoObjectList"),
-                 QStringLiteral("'','',''"));
-    if (const RecordsetPtr rs = banks.ok() ? banks.Data.toRecordset() : nullptr)
-        for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
-            banks_.append({rs->Field(QStringLiteral("OIDR")).toString().mid(8),
-                           rs->Field(QStringLiteral("Preview")).toString()});
-
     const BOResult list = bo->Call(QStringLiteral("GetCurrencyList"), QStringLiteral("None"));
     const RecordsetPtr rs = list.ok() ? list.Data.toRecordset() : nullptr;
     QString base;

@@ -22,20 +22,8 @@ bool isNumberField(const OrvoObjectUIOPtr& object, const QString& name) {
     const int f = rs ? rs->FieldIndex(name) : -1;
     if (f < 0)
         return false;
-    switch (rs->FieldDefinitions().at(f).type) {
-    case FieldType::SmallInt:
-    case FieldType::Integer:
-    case FieldType::BigInt:
-    case FieldType::TinyInt:
-    case FieldType::Single:
-    case FieldType::Double:
-    case FieldType::Currency:
-    case FieldType::Decimal:
-    case FieldType::Numeric:
-        return true;
-    default:
-        return false;
-    }
+    const FieldType type = rs->FieldDefinitions().at(f).type;
+    return IsIntegerType(type) || IsFractionalType(type);
 }
 
 } // namespace
@@ -181,8 +169,39 @@ QString CatalogueEditor::Refusal() const {
     });
 }
 
-void CatalogueEditor::refuse(const QString& text) const {
+ResultRecord CatalogueEditor::refuse(const QString& text) const {
     ShowWarning(text);
+    return ResultRecord::Failure(codes::Refused, text);
+}
+
+QString CatalogueEditor::rightRefusal(Action action) const {
+    switch (action) {
+    case Action::Create:
+        return rights_.Create ? QString()
+                              : QStringLiteral("Neturite teisės kurti naujų šio žinyno įrašų.");
+    case Action::Edit:
+        return rights_.Edit ? QString()
+                            : QStringLiteral("Neturite teisės keisti šio žinyno įrašų.");
+    case Action::Delete:
+        return rights_.Delete ? QString()
+                              : QStringLiteral("Neturite teisės naikinti šio žinyno įrašų.");
+    }
+    return QString();
+}
+
+QVector<CatalogueChoice> CatalogueEditor::recordChoices(const QString& code) const {
+    QVector<CatalogueChoice> choices{{QString(), QStringLiteral("(nenurodytas)")}};
+    const BusinessObjectPtr bo = object_ ? object_->BO() : nullptr;
+    if (!bo)
+        return choices;
+    const BOResult list =
+        bo->Call(QStringLiteral("D") + code + QStringLiteral("_GetOrvoObjectList"),
+                 QStringLiteral("'','',''"));
+    if (const RecordsetPtr rs = list.ok() ? list.Data.toRecordset() : nullptr)
+        for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
+            choices.append({rs->Field(QStringLiteral("OIDR")).toString().mid(code.size()),
+                            rs->Field(QStringLiteral("Preview")).toString()});
+    return choices;
 }
 
 void CatalogueEditor::writeFields() {
@@ -214,19 +233,11 @@ void CatalogueEditor::writeFields() {
 ResultRecord CatalogueEditor::Save() {
     if (!object_)
         return ResultRecord::Failure(codes::RefusedNoWarning, QStringLiteral("Nėra įrašo."));
-    if (!(IsNew() ? rights_.Create : rights_.Edit)) {
-        const QString text = IsNew()
-                                 ? QStringLiteral("Neturite teisės kurti naujų šio žinyno įrašų.")
-                                 : QStringLiteral("Neturite teisės keisti šio žinyno įrašų.");
-        refuse(text);
-        return ResultRecord::Failure(codes::Refused, text);
-    }
+    if (const QString no = rightRefusal(IsNew() ? Action::Create : Action::Edit); !no.isEmpty())
+        return refuse(no);
     normalize();
-    const QString refusal = Refusal();
-    if (!refusal.isEmpty()) {
-        refuse(refusal);
-        return ResultRecord::Failure(codes::Refused, refusal);
-    }
+    if (const QString refusal = Refusal(); !refusal.isEmpty())
+        return refuse(refusal);
     writeFields();
     ResultRecord r = beforeSave();
     if (r.ok())
@@ -257,11 +268,8 @@ ResultRecord CatalogueEditor::Delete() {
     if (!object_ || IsNew())
         return ResultRecord::Failure(codes::RefusedNoWarning,
                                      QStringLiteral("Įrašas dar neįrašytas."));
-    if (!rights_.Delete) {
-        const QString text = QStringLiteral("Neturite teisės naikinti šio žinyno įrašų.");
-        refuse(text);
-        return ResultRecord::Failure(codes::Refused, text);
-    }
+    if (const QString no = rightRefusal(Action::Delete); !no.isEmpty())
+        return refuse(no);
     const BusinessObjectPtr bo = object_->BO();
     if (!bo)
         return ResultRecord::Failure(codes::RefusedNoWarning, QStringLiteral("Knyga neatidaryta."));

@@ -90,7 +90,14 @@ protected:
     static QString valueText(const Value& v);
     // The name of a referenced record, made from its data object.
     static QString referenceName(const QString& oidr);
-    void refuse(const QString& text) const;
+    // The records of a kind as the items of a choice (the record number and the list's
+    // text), after "(nenurodytas)" for none.
+    QVector<CatalogueChoice> recordChoices(const QString& code) const;
+    enum class Action { Create, Edit, Delete };
+    // The refusal when the user lacks the kind's right for the action; empty when held.
+    QString rightRefusal(Action action) const;
+    // Shows the refusal as a warning; the result carries it with Code 777.
+    ResultRecord refuse(const QString& text) const;
 
     OrvoObjectUIOPtr object_;
     QString kind_;

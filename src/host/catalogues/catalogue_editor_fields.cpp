@@ -86,66 +86,72 @@ QVector<CatalogueField> CatalogueFieldsOf(const QString& code) {
     return {};
 }
 
-QString CatalogueRecordTitle(const QString& code) {
+namespace {
+
+// What the editors and navigators know of each kind with an editor, in menu order.
+struct KindInfo {
+    QString Code;
+    QString Title;
+    QString RightKey;
+    QString FormName;
+    QString NewCaption;
+};
+
+const QVector<KindInfo>& kindInfos() {
+    static const QVector<KindInfo> infos = {
+        {kinds::Firm, QStringLiteral("Įmonė"), QStringLiteral("CFirms"), QStringLiteral("frmFirm"),
+         QStringLiteral("Nauja įmonė")},
+        {kinds::Person, QStringLiteral("Fizinis asmuo"), QStringLiteral("CPerson"),
+         QStringLiteral("frmPerson"), QStringLiteral("Naujas fizinis asmuo")},
+        {kinds::Employee, QStringLiteral("Darbuotojas"), QStringLiteral("CEmployees"),
+         QStringLiteral("frmEmployee"), QStringLiteral("Naujas darbuotojas")},
+        {kinds::Bank, QStringLiteral("Bankas"), QStringLiteral("CBanks"), QStringLiteral("frmBank"),
+         QStringLiteral("Naujas bankas")},
+        {kinds::BankAccount, QStringLiteral("Banko sąskaita"), QStringLiteral("CBankAccounts"),
+         QStringLiteral("frmBankAccount"), QStringLiteral("Nauja banko sąskaita")},
+        {kinds::Currency, QStringLiteral("Valiuta"), QStringLiteral("CCurrency"),
+         QStringLiteral("frmCurrency"), QStringLiteral("Nauja valiuta")},
+        {kinds::User, QStringLiteral("Naudotojas"), QStringLiteral("CUsers"),
+         QStringLiteral("frmUser"), QStringLiteral("Naujas naudotojas")},
+    };
+    return infos;
+}
+
+const KindInfo* infoOf(const QString& code) {
     const QString kind = code.left(8);
-    if (kind == kinds::Firm)
-        return QStringLiteral("Įmonė");
-    if (kind == kinds::Person)
-        return QStringLiteral("Fizinis asmuo");
-    if (kind == kinds::Employee)
-        return QStringLiteral("Darbuotojas");
-    if (kind == kinds::Bank)
-        return QStringLiteral("Bankas");
-    if (kind == kinds::BankAccount)
-        return QStringLiteral("Banko sąskaita");
-    if (kind == kinds::Currency)
-        return QStringLiteral("Valiuta");
-    if (kind == kinds::User)
-        return QStringLiteral("Naudotojas");
-    return QString();
+    for (const KindInfo& info : kindInfos())
+        if (info.Code == kind)
+            return &info;
+    return nullptr;
+}
+
+} // namespace
+
+QString CatalogueRecordTitle(const QString& code) {
+    const KindInfo* info = infoOf(code);
+    return info ? info->Title : QString();
 }
 
 QString CatalogueRightKeyOf(const QString& code) {
-    const QString kind = code.left(8);
-    if (kind == kinds::Firm)
-        return QStringLiteral("CFirms");
-    if (kind == kinds::Person)
-        return QStringLiteral("CPerson");
-    if (kind == kinds::Employee)
-        return QStringLiteral("CEmployees");
-    if (kind == kinds::Bank)
-        return QStringLiteral("CBanks");
-    if (kind == kinds::BankAccount)
-        return QStringLiteral("CBankAccounts");
-    if (kind == kinds::Currency)
-        return QStringLiteral("CCurrency");
-    if (kind == kinds::User)
-        return QStringLiteral("CUsers");
-    return QString();
+    const KindInfo* info = infoOf(code);
+    return info ? info->RightKey : QString();
 }
 
 QString CatalogueFormNameOf(const QString& code) {
-    const QString kind = code.left(8);
-    if (kind == kinds::Firm)
-        return QStringLiteral("frmFirm");
-    if (kind == kinds::Person)
-        return QStringLiteral("frmPerson");
-    if (kind == kinds::Employee)
-        return QStringLiteral("frmEmployee");
-    if (kind == kinds::Bank)
-        return QStringLiteral("frmBank");
-    if (kind == kinds::BankAccount)
-        return QStringLiteral("frmBankAccount");
-    if (kind == kinds::Currency)
-        return QStringLiteral("frmCurrency");
-    if (kind == kinds::User)
-        return QStringLiteral("frmUser");
-    return QString();
+    const KindInfo* info = infoOf(code);
+    return info ? info->FormName : QString();
+}
+
+QString CatalogueNewRecordCaption(const QString& code) {
+    const KindInfo* info = infoOf(code);
+    return info ? info->NewCaption : QString();
 }
 
 QStringList CatalogueEditorKinds() {
-    return {kinds::Firm,        kinds::Person,   kinds::Employee, kinds::Bank,
-            kinds::BankAccount, kinds::Currency, kinds::User};
+    QStringList codes;
+    for (const KindInfo& info : kindInfos())
+        codes << info.Code;
+    return codes;
 }
 
 } // namespace orvo::host

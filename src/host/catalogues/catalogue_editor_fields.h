@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 namespace orvo::host {
@@ -28,6 +29,8 @@ QString CatalogueRightKeyOf(const QString& code);
 // frmFirm, frmPerson, frmEmployee, frmBank, frmBankAccount, frmCurrency, frmUser; empty
 // for a kind without an editor.
 QString CatalogueFormNameOf(const QString& code);
+// "Nauja įmonė", "Naujas bankas" ...: the menu caption of a new record of the kind.
+QString CatalogueNewRecordCaption(const QString& code);
 // The form of the firm that keeps the books.
 inline const QString kOwnFirmFormName = QStringLiteral("frmMyFirm");
 // Every kind that has an editor, in the order of the menus.

@@ -7,6 +7,8 @@
 #include "host/catalogues/user_kind.h"
 #include "host/storage/database.h"
 
+#include <QHash>
+
 namespace orvo::host {
 
 namespace {
@@ -34,32 +36,36 @@ struct UniqueCode {
     QString OtherText;
 };
 
+const QString kFullName = QStringLiteral("COALESCE(Name, '') || ' ' || COALESCE(LastName, '')");
+
 bool uniqueCodeOf(const QString& code, UniqueCode* out) {
-    if (code == kinds::Firm)
-        *out = {QStringLiteral("Code"), QStringLiteral("Įmonė kodu %1 jau yra: %2."),
-                QStringLiteral("Name")};
-    else if (code == kinds::Person)
-        *out = {QStringLiteral("PersCode"), QStringLiteral("Asmuo asmens kodu %1 jau yra: %2."),
-                QStringLiteral("COALESCE(Name, '') || ' ' || COALESCE(LastName, '')")};
-    else if (code == kinds::Employee)
-        *out = {QStringLiteral("UsrPersCode"),
-                QStringLiteral("Darbuotojas asmens kodu %1 jau yra: %2."),
-                QStringLiteral("COALESCE(Name, '') || ' ' || COALESCE(LastName, '')")};
-    else if (code == kinds::Bank)
-        *out = {QStringLiteral("Code"), QStringLiteral("Bankas kodu %1 jau yra: %2."),
-                QStringLiteral("Name")};
-    else if (code == kinds::BankAccount)
-        *out = {QStringLiteral("AccountNumber"), QStringLiteral("Banko sąskaita %1 jau yra: %2."),
-                QStringLiteral("OwnerOIDR")};
-    else if (code == kinds::Currency)
-        *out = {QStringLiteral("Code"), QStringLiteral("Valiuta kodu %1 jau yra: %2."),
-                QStringLiteral("COALESCE(Name, '')")};
-    else if (code == kinds::User)
-        *out = {QStringLiteral("Code"),
-                QStringLiteral("Naudotojas prisijungimo vardu %1 jau yra: %2."),
-                QStringLiteral("COALESCE(Name, '')")};
-    else
+    static const QHash<QString, UniqueCode> codes = {
+        {kinds::Firm,
+         {QStringLiteral("Code"), QStringLiteral("Įmonė kodu %1 jau yra: %2."),
+          QStringLiteral("Name")}},
+        {kinds::Person,
+         {QStringLiteral("PersCode"), QStringLiteral("Asmuo asmens kodu %1 jau yra: %2."),
+          kFullName}},
+        {kinds::Employee,
+         {QStringLiteral("UsrPersCode"), QStringLiteral("Darbuotojas asmens kodu %1 jau yra: %2."),
+          kFullName}},
+        {kinds::Bank,
+         {QStringLiteral("Code"), QStringLiteral("Bankas kodu %1 jau yra: %2."),
+          QStringLiteral("Name")}},
+        {kinds::BankAccount,
+         {QStringLiteral("AccountNumber"), QStringLiteral("Banko sąskaita %1 jau yra: %2."),
+          QStringLiteral("OwnerOIDR")}},
+        {kinds::Currency,
+         {QStringLiteral("Code"), QStringLiteral("Valiuta kodu %1 jau yra: %2."),
+          QStringLiteral("COALESCE(Name, '')")}},
+        {kinds::User,
+         {QStringLiteral("Code"), QStringLiteral("Naudotojas prisijungimo vardu %1 jau yra: %2."),
+          QStringLiteral("COALESCE(Name, '')")}},
+    };
+    const auto it = codes.constFind(code);
+    if (it == codes.constEnd())
         return false;
+    *out = *it;
     return true;
 }
 
@@ -137,21 +143,24 @@ struct DeleteWords {
 };
 
 bool deleteWordsOf(const QString& code, DeleteWords* out) {
-    if (code == kinds::Firm)
-        *out = {QStringLiteral("Įmonės"), QStringLiteral("ji nurodyta"),
-                QStringLiteral("jai priklauso")};
-    else if (code == kinds::Person)
-        *out = {QStringLiteral("Fizinio asmens"), QStringLiteral("jis nurodytas"),
-                QStringLiteral("jam priklauso")};
-    else if (code == kinds::Employee)
-        *out = {QStringLiteral("Darbuotojo"), QStringLiteral("jis nurodytas"),
-                QStringLiteral("jam priklauso")};
-    else if (code == kinds::Bank)
-        *out = {QStringLiteral("Banko"), QStringLiteral("jis nurodytas"), QString()};
-    else if (code == kinds::BankAccount)
-        *out = {QStringLiteral("Banko sąskaitos"), QStringLiteral("ji nurodyta"), QString()};
-    else
+    static const QHash<QString, DeleteWords> words = {
+        {kinds::Firm,
+         {QStringLiteral("Įmonės"), QStringLiteral("ji nurodyta"),
+          QStringLiteral("jai priklauso")}},
+        {kinds::Person,
+         {QStringLiteral("Fizinio asmens"), QStringLiteral("jis nurodytas"),
+          QStringLiteral("jam priklauso")}},
+        {kinds::Employee,
+         {QStringLiteral("Darbuotojo"), QStringLiteral("jis nurodytas"),
+          QStringLiteral("jam priklauso")}},
+        {kinds::Bank, {QStringLiteral("Banko"), QStringLiteral("jis nurodytas"), QString()}},
+        {kinds::BankAccount,
+         {QStringLiteral("Banko sąskaitos"), QStringLiteral("ji nurodyta"), QString()}},
+    };
+    const auto it = words.constFind(code);
+    if (it == words.constEnd())
         return false;
+    *out = *it;
     return true;
 }
 

@@ -22,22 +22,7 @@ CatalogueNavigator::CatalogueNavigator(const QString& code, const QString& title
       code_(code.left(8)) {}
 
 QString CatalogueNavigator::NewCaption(const QString& code) {
-    const QString kind = code.left(8);
-    if (kind == kinds::Firm)
-        return QStringLiteral("Nauja įmonė");
-    if (kind == kinds::Person)
-        return QStringLiteral("Naujas fizinis asmuo");
-    if (kind == kinds::Employee)
-        return QStringLiteral("Naujas darbuotojas");
-    if (kind == kinds::Bank)
-        return QStringLiteral("Naujas bankas");
-    if (kind == kinds::BankAccount)
-        return QStringLiteral("Nauja banko sąskaita");
-    if (kind == kinds::Currency)
-        return QStringLiteral("Nauja valiuta");
-    if (kind == kinds::User)
-        return QStringLiteral("Naujas naudotojas");
-    return QStringLiteral("Naujas įrašas");
+    return CatalogueNewRecordCaption(code);
 }
 
 MenuItems CatalogueNavigator::GetMenu(const QString& oid, const QString&, const QString&) {

@@ -89,18 +89,16 @@ ResultRecord CurrencyEditor::AddRate(const QDate& date, const QString& typed) {
     QString refusal;
     if (IsNew())
         refusal = QStringLiteral("Pirma įrašykite valiutą, tada įveskite jos kursus.");
-    else if (!rights_.Edit)
-        refusal = QStringLiteral("Neturite teisės keisti šio žinyno įrašų.");
+    else if (!rightRefusal(Action::Edit).isEmpty())
+        refusal = rightRefusal(Action::Edit);
     else if (IsBase())
         refusal = QStringLiteral("Bazinės valiutos kursas visada lygus 1: jo įvesti nereikia.");
     else if (!date.isValid())
         refusal = QStringLiteral("Nurodykite kurso datą.");
     else
         refusal = RateTextRefusal(typed);
-    if (!refusal.isEmpty()) {
-        refuse(refusal);
-        return ResultRecord::Failure(codes::Refused, refusal);
-    }
+    if (!refusal.isEmpty())
+        return refuse(refusal);
     const double quoted = NumberFromText(typed);
     const double rate = RateFromText(typed, BaseIsEuro());
     const ValueResult r =
@@ -116,11 +114,8 @@ ResultRecord CurrencyEditor::DeleteRate(const QDate& date) {
     if (IsNew() || !object_->BO())
         return ResultRecord::Failure(codes::RefusedNoWarning,
                                      QStringLiteral("Valiuta dar neįrašyta."));
-    if (!rights_.Edit) {
-        const QString text = QStringLiteral("Neturite teisės keisti šio žinyno įrašų.");
-        refuse(text);
-        return ResultRecord::Failure(codes::Refused, text);
-    }
+    if (const QString no = rightRefusal(Action::Edit); !no.isEmpty())
+        return refuse(no);
     const BOResult r =
         object_->BO()->Call(QStringLiteral("DO0002200_DeleteDayRate"),
                             quotedCode(object_->Field(QStringLiteral("Code")).toString()) +

@@ -63,17 +63,10 @@ QVector<CatalogueChoice> UserEditor::Choices(const QString& name) const {
 }
 
 void UserEditor::afterLoad() {
-    employees_ = {{QString(), QStringLiteral("(nenurodytas)")}};
+    employees_ = recordChoices(kinds::Employee);
     const BusinessObjectPtr bo = object_ ? object_->BO() : nullptr;
     if (!bo)
         return;
-    const BOResult list =
-        bo->Call(QStringLiteral("D") + kinds::Employee + QStringLiteral("_GetOrvoObjectList"),
-                 QStringLiteral("'','',''"));
-    if (const RecordsetPtr rs = list.ok() ? list.Data.toRecordset() : nullptr)
-        for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext())
-            employees_.append({rs->Field(QStringLiteral("OIDR")).toString().mid(8),
-                               rs->Field(QStringLiteral("Preview")).toString()});
 
     // The rights are read beside the record and become its nested rows, unchanged, so
     // that a save writes only what the user changes.
