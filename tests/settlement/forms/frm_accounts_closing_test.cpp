@@ -159,6 +159,22 @@ TEST_F(ClosingFormsTest, ClosingWindowPreparesItsEntriesOncePrintsAndStoresTheCl
     EXPECT_EQ(NzString(op->Field(QStringLiteral("Parameters"))),
               QStringLiteral("5##6##391#340#341"));
     EXPECT_TRUE(Unexpected().isEmpty()) << Unexpected().join(',').toStdString();
+
+    // Opened again from the book, the closing comes back in its own window with its
+    // choices, number, date and entries.
+    OrvoObjectUIOPtr stored;
+    auto reopened = std::dynamic_pointer_cast<FrmAccountsClosing>(
+        Catalogue::OpenOperationForm(op->OIDR(), stored));
+    ASSERT_TRUE(reopened);
+    QWidget* again = reopened->Widget();
+    EXPECT_EQ(Find<QLineEdit>(again, "txtAcc5")->text(), QStringLiteral("5"));
+    EXPECT_EQ(Find<QLineEdit>(again, "txtAcc6")->text(), QStringLiteral("6"));
+    EXPECT_EQ(Find<QLineEdit>(again, "txtAcc59")->text(), QString());
+    EXPECT_EQ(Find<QLineEdit>(again, "txtNumber")->text(),
+              Find<QLineEdit>(root, "txtNumber")->text());
+    EXPECT_EQ(Find<QDateEdit>(again, "dtpDate")->date(), QDate(2023, 12, 31));
+    EXPECT_EQ(Find<QTreeWidget>(again, "lvwBRRecords")->topLevelItemCount(), 3);
+    EXPECT_EQ(again->windowTitle(), root->windowTitle());
 }
 
 TEST_F(ClosingFormsTest, ClosingWindowWithoutEntriesRefusesToSave) {
