@@ -461,5 +461,28 @@ TEST_F(SelectionFormsTest, APaymentSumIsSpreadOverTheOldestDebtsWhenTheWindowOpe
     EXPECT_EQ(StoredEntries(op), QStringList({"2711 2410 100,00", "2711 2410 30,00"}));
 }
 
+TEST_F(SelectionFormsTest, TheTradeSourceShowsTheTradeColumns) {
+    BookSale(10.0);
+    QStringList headers;
+    int rows = -1;
+    Expect(QStringLiteral("frmBROperSelectDialog"), [&](QDialog& dialog) {
+        FormDriver d(dialog);
+        ASSERT_TRUE(d.SetChecked(QStringLiteral("optTradeDocOpers"), true).ok());
+        QTreeWidget* list = List(dialog);
+        for (int c = 0; c < list->columnCount(); ++c)
+            headers << list->headerItem()->text(c);
+        rows = list->topLevelItemCount();
+        Click(&dialog, "cmdCancel");
+    });
+    const OrvoObjectUIOPtr op = NewOperation();
+    op->Methods(QStringLiteral("BROperSelect"), {Value(QString()), Value(QStringLiteral("2410")),
+                                                 Value(kClient), Value(QDate(2024, 3, 15))});
+    EXPECT_EQ(headers, QStringList({"Data", "Nr", "Suma, EUR", "Suma valiuta", "Valiuta",
+                                    "Likutis, EUR", "Likutis valiuta", "", "Kursas", "Kurso įtaka",
+                                    "Apm., EUR", "Apm. valiuta", "Informacija"}));
+    // This book keeps no trade orders or offers: the list stays empty.
+    EXPECT_EQ(rows, 0);
+}
+
 } // namespace
 } // namespace orvo::ui::testing
