@@ -38,8 +38,8 @@ protected:
             headers.append(list->headerItem()->text(c));
         return headers;
     }
-    static void ChooseAccount(QDialog& window, const char* name, const QString& account) {
-        auto* combo = Find<QComboBox>(&window, name);
+    static void ChooseAccount(QWidget* window, const char* name, const QString& account) {
+        auto* combo = Find<QComboBox>(window, name);
         ASSERT_NE(combo, nullptr);
         Choose(combo, account + QLatin1Char(' '));
     }
@@ -88,8 +88,8 @@ TEST_F(DebtsCoverFormTest, WindowFromEditorPanelCoversTheFirmThatBuysAndSellsInt
         EXPECT_FALSE(Find<QWidget>(&window, "cmdPrint")->isEnabled());
 
         // Debit debts of 2410 against credit debts of 4430; the options are tied.
-        ChooseAccount(window, "cmbAccC", "2410");
-        ChooseAccount(window, "cmbAccD", "4430");
+        ChooseAccount(&window, "cmbAccC", "2410");
+        ChooseAccount(&window, "cmbAccD", "4430");
         QTest::mouseClick(Find<QRadioButton>(&window, "optDebC"), Qt::LeftButton);
         EXPECT_TRUE(Find<QRadioButton>(&window, "optCredD")->isChecked());
         Click(&window, "cmdGo");
@@ -133,6 +133,45 @@ TEST_F(DebtsCoverFormTest, WindowFromEditorPanelCoversTheFirmThatBuysAndSellsInt
                     {Value(double(op->OIDR().mid(8).toLongLong()))}),
               Column(entries, 1).count("4430"));
     EXPECT_TRUE(Unexpected().isEmpty()) << Unexpected().join(',').toStdString();
+}
+
+TEST_F(DebtsCoverFormTest, RowMenuNamesTheCurrencyAndOffersTheRateOnlyForCurrencyRows) {
+    auto form = std::make_shared<FrmDebtsCover>();
+    form->SetOrvoObjectUIO(NewOperation());
+    ASSERT_TRUE(window_->Desk()->Present(form));
+    QWidget* root = form->Widget();
+    ChooseAccount(root, "cmbAccC", "2410");
+    ChooseAccount(root, "cmbAccD", "4430");
+    Click(root, "cmdGo");
+    auto* primary = Find<QTreeWidget>(root, "lvwBRPrimary");
+    ASSERT_EQ(primary->topLevelItemCount(), 2);
+    auto* menu = Find<QMenu>(root, "mnuInput");
+    QAction* sum = Action(root, "mnuSum");
+    QAction* rates = Action(root, "mnuRates");
+    const auto rightClick = [&](int row) {
+        const QRect at = primary->visualItemRect(primary->topLevelItem(row));
+        Q_EMIT primary->customContextMenuRequested(at.center());
+        menu->hide();
+    };
+    rightClick(0);
+    EXPECT_EQ(sum->text(), "USD sumos įvedimas");
+    EXPECT_EQ(rates->text(), "USD kurso įvedimas");
+    EXPECT_TRUE(rates->isEnabled());
+    rightClick(1);
+    EXPECT_EQ(sum->text(), "Sumos įvedimas");
+    EXPECT_EQ(rates->text(), "Kurso įvedimas");
+    EXPECT_FALSE(rates->isEnabled());
+
+    // Checking a row by its box pays it; the sum box follows and the save waits for the
+    // other list.
+    primary->topLevelItem(1)->setCheckState(0, Qt::Checked);
+    EXPECT_EQ(Find<QLineEdit>(root, "txtSumC")->text(), "2420,00");
+    EXPECT_EQ(primary->topLevelItem(1)->text(5), "2 420,00");
+    EXPECT_FALSE(Find<QWidget>(root, "cmdOK")->isEnabled());
+    primary->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
+    EXPECT_EQ(Find<QLineEdit>(root, "txtSumC")->text(), "0,00");
+    EXPECT_EQ(primary->topLevelItem(1)->text(2), "2 420,00");
+    form->UnloadShowOrvoObject();
 }
 
 TEST_F(DebtsCoverFormTest, PrintedActNamesBothFirmsTheDocumentsAndTheSums) {
