@@ -348,6 +348,34 @@ TEST_P(DebtsCoverTest, ChangeOfAccountSideDateOrAddresseeEmptiesTheLists) {
     EXPECT_EQ(cover->secondary.Count(), 0);
 }
 
+TEST_P(DebtsCoverTest, RateEnteredForARowsCurrencyRevaluesBothLists) {
+    const QString firm = Firm(kRastai);
+    const QDate booked(2024, 1, 10);
+    Book(booked, "T-1", "2410", "5000", 1000.00, firm, 1, "USD", RateOn(booked, "USD"));
+    Book(QDate(2024, 2, 2), "T-2", "2040", "4430", 100.00, firm, -1);
+    const OrvoObjectUIOPtr op = NewOperation();
+    auto cover = Cover(op, firm, kRastai);
+    ASSERT_EQ(cover->primary.Count(), 1);
+    // A base row has no rate to enter.
+    EXPECT_FALSE(cover->InputRate(false, 0));
+    // The rate as it stands: nothing to recalculate.
+    EXPECT_FALSE(cover->InputRate(true, 0));
+
+    // The host's rate dialog stores a new rate of the day.
+    const host::ExecResult changed = session_->Db().Execute(
+        "UPDATE CurrencyRates SET Rate = ?, CurrencyRate = ? WHERE DateD = ? AND CurrencyID = "
+        "(SELECT ID FROM Currencies WHERE Code = 'USD')",
+        {Value(0.8), Value(1.25), Value(Today())});
+    ASSERT_TRUE(changed.ok()) << changed.Text.toStdString();
+    ASSERT_TRUE(cover->InputRate(true, 0));
+    EXPECT_DOUBLE_EQ(NzDouble(cover->currencyRates->Item("USD")), 0.8);
+    EXPECT_DOUBLE_EQ(cover->primary.Rows()[0].Rate, 0.8);
+    EXPECT_DOUBLE_EQ(cover->primary.Rows()[0].LikutisLt, 800.00);
+    EXPECT_DOUBLE_EQ(cover->primary.Rows()[0].InfluenceSum,
+                     Round(RoundBaseSum(1000.00 * RateOn(booked, "USD")) - 800.00, 2));
+    EXPECT_EQ(cover->secondary.Count(), 1);
+}
+
 ORVO_STORAGE_BACKENDS(DebtsCoverTest);
 
 class DebtsCoverWithoutChartTest : public DebtsCoverBook {
