@@ -7,6 +7,7 @@
 #include "core/today.h"
 #include "frame/catalogue.h"
 #include "frame/messages.h"
+#include "frame/orvo_desktop_service.h"
 #include "frame/orvo_s.h"
 #include "frame/orvo_services.h"
 #include "frame/orvo_shell_service.h"
@@ -517,6 +518,12 @@ bool OperationEditor::Write() {
         return false;
     }
     op_->SetPreview(DateParam(Date) + QStringLiteral(" ") + Number);
+    if (const OrvoServicesPtr services = OrvoS())
+        if (const OrvoDeskTopServicePtr desktop = services->DeskTopService()) {
+            const QString group = groupId();
+            desktop->RefreshObject(op_->OIDR(),
+                                   group.isEmpty() ? QString() : QString(kGroupCode + group));
+        }
     SetTitleAndCommands();
     LoadFields();
     LoadNumber();

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QTreeWidgetItemIterator>
 
 namespace orvo::ui {
 
@@ -248,6 +249,24 @@ void HostTree::loadPage(QTreeWidgetItem* parent, int from) {
     appendRows(parent, rows);
     if (rows.size() == pageSize_)
         addMoreRow(parent, from + pageSize_);
+}
+
+void HostTree::RefreshObject(const QString& oidr, const QString& parentOidr) {
+    QList<QTreeWidgetItem*> lists;
+    for (QTreeWidgetItemIterator it(this); *it; ++it) {
+        QTreeWidgetItem* item = *it;
+        const QString oid = item->data(0, OidRole).toString();
+        QTreeWidgetItem* list = nullptr;
+        if (!parentOidr.isEmpty() && oid == parentOidr)
+            list = item;
+        else if (!oidr.isEmpty() && oid == oidr && KindOf(item) == ItemKind::Row)
+            list = item->parent();
+        if (list && list->data(0, LoadedRole).toBool() && !lists.contains(list))
+            lists.append(list);
+    }
+    // Reading a list again replaces its rows, so the lists are collected first.
+    for (QTreeWidgetItem* list : std::as_const(lists))
+        Reload(list);
 }
 
 void HostTree::Open(QTreeWidgetItem* item) {

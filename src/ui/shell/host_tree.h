@@ -63,6 +63,10 @@ public:
     // Reads the children of the item (once; Reload reads them again).
     void Open(QTreeWidgetItem* item);
     void Reload(QTreeWidgetItem* item);
+    // An object was stored: the opened lists that hold its row or belong to `parentOidr`
+    // (its group) are read again, so a new object appears and a changed one shows its
+    // new text. Lists not yet opened are read when they open anyway.
+    void RefreshObject(const QString& oidr, const QString& parentOidr);
     // The next screen of the list that `more` ends.
     void LoadMore(QTreeWidgetItem* more);
 

@@ -37,6 +37,10 @@ MainWindow::MainWindow(host::HostSession& session, QWidget* parent)
     setCentralWidget(splitter);
 
     tree_->OnShowForm = [this](const OrvoFormPtr& form) { desk_->Present(form); };
+    if (services_.DeskTopService)
+        services_.DeskTopService->OnRefresh = [this](const QString& oidr, const QString& parent) {
+            tree_->RefreshObject(oidr, parent);
+        };
     registration_ = DLLHeader().DllInicialize(layout_);
     tree_->Build(layout_);
 

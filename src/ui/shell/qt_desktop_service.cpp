@@ -23,4 +23,9 @@ void QtDeskTopService::RemoveForm(const std::shared_ptr<OrvoForm>& form) {
         desk_->Close(form.get());
 }
 
+void QtDeskTopService::RefreshObject(const QString& oidr, const QString& parentOidr) {
+    if (OnRefresh)
+        OnRefresh(oidr, parentOidr);
+}
+
 } // namespace orvo::ui

@@ -9,6 +9,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <functional>
 
 namespace orvo::ui {
 
@@ -18,6 +19,10 @@ public:
 
     void AddForm(const std::shared_ptr<OrvoForm>& form) override;
     void RemoveForm(const std::shared_ptr<OrvoForm>& form) override;
+    void RefreshObject(const QString& oidr, const QString& parentOidr) override;
+
+    // What the main window does when an object was stored (it reads the tree's lists again).
+    std::function<void(const QString& oidr, const QString& parentOidr)> OnRefresh;
 
     void SetDeskTop(DeskTop* desk);
     const QList<OrvoFormPtr>& Forms() const { return forms_; }

@@ -318,3 +318,37 @@ TEST_F(OperationFormsTest, CtrlNAfterASaveStartsANewOperationInTheSameGroup) {
 }
 
 } // namespace orvo::ui::testing
+
+namespace orvo::ui::testing {
+
+TEST_F(OperationFormsTest, SavedOperationAppearsInItsGroupsOpenedListInTheTree) {
+    QTreeWidgetItem* groups = Node(QStringLiteral("Finansinių operacijų apskaita"));
+    groups->setExpanded(true);
+    QTreeWidgetItem* general = groups->child(0);
+    general->setExpanded(true);
+    QTreeWidgetItem* group = nullptr;
+    for (int i = 0; i < general->childCount(); ++i)
+        if (general->child(i)->data(0, HostTree::OidRole).toString() == QStringLiteral("O02014002"))
+            group = general->child(i);
+    ASSERT_NE(group, nullptr);
+    group->setExpanded(true);
+    const int before = Rows(group).size();
+
+    const OrvoObjectUIOPtr op = NewOperation(2);
+    op->Methods(QStringLiteral("AddBR"),
+                {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
+                 Value(ValueArray())});
+    const auto form = OpenEditor(op);
+    ASSERT_TRUE(form);
+    Type(Find<QLineEdit>(form->Widget(), "txtNumber"), QStringLiteral("T-1"));
+    Click(form->Widget(), "cmdWrite");
+    ASSERT_GE(op->OIDR().size(), 9) << Boxes().value(0).Text.toStdString();
+
+    QStringList shown;
+    for (QTreeWidgetItem* row : Rows(group))
+        shown << row->data(0, HostTree::OidRole).toString();
+    EXPECT_EQ(shown.size(), before + 1);
+    EXPECT_TRUE(shown.contains(op->OIDR())) << shown.join(QLatin1Char('|')).toStdString();
+}
+
+} // namespace orvo::ui::testing
