@@ -355,28 +355,27 @@ void SelectionList::ChangeRate(int index, double rate) {
     }
 }
 
+double SelectionList::total(bool checkedOnly, bool inPaymentCurrency, int cell) const {
+    double sum = 0;
+    for (const SelectionRow& r : rows_) {
+        if (checkedOnly && !r.Checked)
+            continue;
+        sum += inPaymentCurrency && r.HasCoverCell ? r.Amount(SelectionRow::CoverSumCurr)
+                                                   : r.Amount(cell);
+    }
+    return Round(sum, 2);
+}
+
 double SelectionList::TotalBalance() const {
-    double total = 0;
-    for (const SelectionRow& r : rows_)
-        total += r.Amount(SelectionRow::LikutisLt);
-    return Round(total, 2);
+    return total(false, false, SelectionRow::LikutisLt);
 }
 
 double SelectionList::TotalPayment() const {
-    double total = 0;
-    for (const SelectionRow& r : rows_)
-        if (r.Checked)
-            total += r.Amount(SelectionRow::PaymentLt);
-    return Round(total, 2);
+    return total(true, false, SelectionRow::PaymentLt);
 }
 
 double SelectionList::TotalPaymentCurr() const {
-    double total = 0;
-    for (const SelectionRow& r : rows_)
-        if (r.Checked)
-            total += r.HasCoverCell ? r.Amount(SelectionRow::CoverSumCurr)
-                                    : r.Amount(SelectionRow::PaymentSumCurr);
-    return Round(total, 2);
+    return total(true, true, SelectionRow::PaymentSumCurr);
 }
 
 } // namespace orvo

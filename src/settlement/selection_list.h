@@ -101,6 +101,9 @@ private:
     bool isRateChangeEntry() const;
     SelectionRow rowFromDebt() const;
     double remainingExcept(int index) const;
+    // The sum of a cell over the rows (the checked ones only), or of the cover in the
+    // payment's currency where a row has one.
+    double total(bool checkedOnly, bool inPaymentCurrency, int cell) const;
     void writeAllocation(SelectionRow& row, const struct AllocationResult& a) const;
 
     SelectionPayment payment_;
