@@ -31,6 +31,14 @@ protected:
         cover.primary.CheckAll();
         cover.secondary.CheckAll();
     }
+    static QDate DollarDay() { return QDate(2024, 1, 10); }
+    // A sale of 1000 dollars at the rate of DollarDay and a purchase of `purchase` euros,
+    // both of `firm`.
+    void DollarSaleAndPurchase(const QString& firm, double purchase) {
+        Book(DollarDay(), "T-1", "2410", "5000", 1000.00, firm, 1, "USD",
+             RateOn(DollarDay(), "USD"));
+        Book(QDate(2024, 2, 2), "T-2", "2040", "4430", purchase, firm, -1);
+    }
     double RateOn(const QDate& date, const QString& code) {
         const ValueResult r =
             NewOperation()->Methods(QStringLiteral("GetCurrencyList"), {Value(date), Value(false)});
@@ -75,12 +83,11 @@ TEST_P(DebtsCoverTest, PrimaryOfHundredAgainstSixtyAndFiftyGivesSixtyAndFortyAnd
 
 TEST_P(DebtsCoverTest, RowInfluenceIsPostedOnceBeforeItsFirstEntry) {
     const QString firm = Firm(kRastai);
-    const QDate booked(2024, 1, 10);
-    const double bookedRate = RateOn(booked, "USD");
+    const double bookedRate = RateOn(DollarDay(), "USD");
     const double coverRate = RateOn(Today(), "USD");
     ASSERT_GT(bookedRate, 0);
     ASSERT_NE(bookedRate, coverRate);
-    Book(booked, "T-1", "2410", "5000", 1000.00, firm, 1, "USD", bookedRate);
+    Book(DollarDay(), "T-1", "2410", "5000", 1000.00, firm, 1, "USD", bookedRate);
     Book(QDate(2024, 2, 2), "T-2", "2040", "4430", 300.00, firm, -1);
     Book(QDate(2024, 2, 3), "T-3", "2040", "4430", 400.00, firm, -1);
     const OrvoObjectUIOPtr op = NewOperation();
@@ -116,9 +123,7 @@ TEST_P(DebtsCoverTest, RowInfluenceIsPostedOnceBeforeItsFirstEntry) {
 
 TEST_P(DebtsCoverTest, CurrencyDebtCoveredWholeIsClosedInBaseAndInCurrency) {
     const QString firm = Firm(kRastai);
-    const QDate booked(2024, 1, 10);
-    Book(booked, "T-1", "2410", "5000", 1000.00, firm, 1, "USD", RateOn(booked, "USD"));
-    Book(QDate(2024, 2, 2), "T-2", "2040", "4430", 5000.00, firm, -1);
+    DollarSaleAndPurchase(firm, 5000.00);
     const OrvoObjectUIOPtr op = NewOperation();
     auto cover = Cover(op, firm, kRastai);
     CheckBoth(*cover);
@@ -167,9 +172,7 @@ TEST_P(DebtsCoverTest, SecondCoverAppendsToCommentAndTooLongCommentIsLeftButEntr
 
 TEST_P(DebtsCoverTest, DateByCoveredOperationsWithNonZeroInfluenceCannotBeSaved) {
     const QString firm = Firm(kRastai);
-    const QDate booked(2024, 1, 10);
-    Book(booked, "T-1", "2410", "5000", 1000.00, firm, 1, "USD", RateOn(booked, "USD"));
-    Book(QDate(2024, 2, 2), "T-2", "2040", "4430", 5000.00, firm, -1);
+    DollarSaleAndPurchase(firm, 5000.00);
     const OrvoObjectUIOPtr op = NewOperation();
     auto cover = Cover(op, firm, kRastai);
     CheckBoth(*cover);
@@ -350,9 +353,7 @@ TEST_P(DebtsCoverTest, ChangeOfAccountSideDateOrAddresseeEmptiesTheLists) {
 
 TEST_P(DebtsCoverTest, RateEnteredForARowsCurrencyRevaluesBothLists) {
     const QString firm = Firm(kRastai);
-    const QDate booked(2024, 1, 10);
-    Book(booked, "T-1", "2410", "5000", 1000.00, firm, 1, "USD", RateOn(booked, "USD"));
-    Book(QDate(2024, 2, 2), "T-2", "2040", "4430", 100.00, firm, -1);
+    DollarSaleAndPurchase(firm, 100.00);
     const OrvoObjectUIOPtr op = NewOperation();
     auto cover = Cover(op, firm, kRastai);
     ASSERT_EQ(cover->primary.Count(), 1);
@@ -372,7 +373,7 @@ TEST_P(DebtsCoverTest, RateEnteredForARowsCurrencyRevaluesBothLists) {
     EXPECT_DOUBLE_EQ(cover->primary.Rows()[0].Rate, 0.8);
     EXPECT_DOUBLE_EQ(cover->primary.Rows()[0].LikutisLt, 800.00);
     EXPECT_DOUBLE_EQ(cover->primary.Rows()[0].InfluenceSum,
-                     Round(RoundBaseSum(1000.00 * RateOn(booked, "USD")) - 800.00, 2));
+                     Round(RoundBaseSum(1000.00 * RateOn(DollarDay(), "USD")) - 800.00, 2));
     EXPECT_EQ(cover->secondary.Count(), 1);
 }
 
