@@ -342,8 +342,22 @@ bool OperationEditor::OpenSettlementForm(const QString& caption) {
         ShowWarning(FormAccess::Unavailable(name).Text);
         return false;
     }
+    // The settling windows read the operation's date and comment and may set them, so the
+    // editor hands over what it shows and takes back what the window left: otherwise the
+    // next save would write the editor's old values over the window's.
+    if (NzDate(op_->Field(QStringLiteral("DateD")), QDate()) != Date)
+        op_->SetField(QStringLiteral("DateD"), Value(Date));
+    if (NzString(op_->Field(QStringLiteral("Comment"))) != Comment)
+        op_->SetField(QStringLiteral("Comment"), Value(Comment));
     form->SetOrvoObjectUIO(op_);
     form->Show(true);
+    const QDate date = NzDate(op_->Field(QStringLiteral("DateD")), Date);
+    const QString comment = NzString(op_->Field(QStringLiteral("Comment")));
+    if (date != Date || comment != Comment) {
+        Date = date;
+        Comment = comment;
+        markChanged();
+    }
     PaintEntries();
     return true;
 }

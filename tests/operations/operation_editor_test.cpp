@@ -311,3 +311,33 @@ TEST_F(OperationEditorTest, TemplateNextActionOpensTheCardOfTheFirstEntry) {
     EXPECT_TRUE(editor.NextAction.isEmpty());
     EXPECT_TRUE(editor.Changed);
 }
+
+namespace {
+
+// A settling window that sees the operation's comment and dates and comments it anew.
+class RedatingWindow : public test::PlainForm {
+public:
+    RedatingWindow() : PlainForm("frmCurrencyInfluence") {}
+    void Show(bool modal) override {
+        PlainForm::Show(modal);
+        seenComment = GetOrvoObjectUIO()->Field("Comment").toString();
+        GetOrvoObjectUIO()->SetField("DateD", Value(QDate(2024, 3, 31)));
+        GetOrvoObjectUIO()->SetField("Comment", Value(QStringLiteral("Valiutos perskaičiavimas")));
+    }
+    QString seenComment;
+};
+
+} // namespace
+
+TEST_F(OperationEditorTest, SettlingWindowSeesTheEditorsCommentAndItsDateAndCommentAreKept) {
+    OperationEditor editor(op);
+    editor.Load(false);
+    editor.Comment = "Kaip įvesta";
+    auto window = std::make_shared<RedatingWindow>();
+    forms->Register("frmCurrencyInfluence", [window]() { return window; });
+    ASSERT_TRUE(editor.OpenSettlementForm("Valiutos perskaičiavimas"));
+    EXPECT_EQ(window->seenComment, "Kaip įvesta");
+    EXPECT_EQ(editor.Date, QDate(2024, 3, 31));
+    EXPECT_EQ(editor.Comment, "Valiutos perskaičiavimas");
+    EXPECT_TRUE(editor.Changed);
+}
