@@ -14,6 +14,7 @@
 #include "frame/orvo_settings_service.h"
 #include "operations/form_access.h"
 #include "settlement/debts_cover_posting.h"
+#include "settlement/selection_debts.h"
 
 namespace orvo {
 
@@ -251,16 +252,15 @@ bool DebtsCover::ChooseAddressee(int index) {
 }
 
 QString DebtsCover::readDebts(bool primarySide, RecordsetPtr* out) {
-    const QString account = primarySide ? accountPrimary : accountSecondary;
-    const QString addressee = primarySide ? addrPrimary : addrSecondary;
     // The debit option of a side lists its debit debts, the credit option its credit debts.
     const bool creditChosen = primarySide ? !primaryDebit : primaryDebit;
-    const int sign = creditChosen ? -1 : 1;
-    const QString name = Catalogue::DebtsQueryName(addressee, sign);
-    const ValueResult r =
-        op_->Properties(name, QStringLiteral("'0',") + quoted(account) + QLatin1Char(',') +
-                                  quoted(DateParam(coverDate)) + QLatin1Char(',') +
-                                  quoted(addressee) + QLatin1Char(',') + QString::number(sign));
+    DebtsRequest request;
+    request.Account = primarySide ? accountPrimary : accountSecondary;
+    request.Date = coverDate;
+    request.Addressee = primarySide ? addrPrimary : addrSecondary;
+    request.Sign = creditChosen ? -1 : 1;
+    request.QueryFlag = request.Sign;
+    const ValueResult r = SelectionDebts::Read(op_, request);
     *out = r.ok() ? r.Value.toRecordset() : nullptr;
     return r.ok() ? QString() : r.Text;
 }

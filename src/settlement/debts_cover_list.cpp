@@ -4,8 +4,8 @@
 #include "core/null_readers.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "frame/catalogue_recordsets.h"
 #include "frame/messages.h"
+#include "settlement/selection_debts.h"
 
 #include <cmath>
 
@@ -75,36 +75,14 @@ QStringList DebtsCoverList::Captions(const QString& baseCurrency) {
             QStringLiteral("Kurso įtaka")};
 }
 
-void DebtsCoverList::Revalue(const RecordsetPtr& debts, const DictionaryPtr& rates) {
-    if (!debts)
-        return;
-    for (debts->MoveFirst(); !debts->Eof(); debts->MoveNext()) {
-        const double likutisCurr = field(debts, "LikutisCurr");
-        const QString code = text(debts, "FCurrencyCode");
-        double rate = 0;
-        double influence = 0;
-        if (likutisCurr != 0 && rates && rates->Exists(code) && NzDouble(rates->Item(code)) > 0) {
-            rate = NzDouble(rates->Item(code));
-            const double revalued = Round(rate * likutisCurr + BaseSumAddend, 2);
-            influence =
-                Round((field(debts, "LikutisLt") - revalued) * field(debts, "InfluenceSign"), 2);
-        }
-        debts->SetField(QStringLiteral("RateCurr"), Value(0.0));
-        debts->SetField(QStringLiteral("CurrentRate"), Value(rate));
-        debts->SetField(QStringLiteral("CurrInfluence"), Value(influence));
-        debts->Update();
-    }
-    debts->MoveFirst();
-}
-
 void DebtsCoverList::Fill(const RecordsetPtr& debts, const DictionaryPtr& rates,
                           const QString& accountRateIncome, const QString& accountRateExpense,
                           bool baseIsEuro) {
     Clear();
     if (!debts || debts->RecordCount() == 0)
         return;
-    rs_ = Catalogue::CloneRecordset(debts);
-    Revalue(rs_, rates);
+    rs_ = SelectionDebts::Copy(debts);
+    SelectionDebts::Revalue(rs_, rates);
     for (rs_->MoveFirst(); !rs_->Eof(); rs_->MoveNext()) {
         const int sign = NzInt(rs_->Field(QStringLiteral("InfluenceSign"))) < 0 ? -1 : 1;
         // The rate-change entries of a debt are no debts to cover.

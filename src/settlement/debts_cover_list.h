@@ -68,8 +68,6 @@ public:
     // as the debt quotes it (foreign units per euro).
     void Fill(const RecordsetPtr& debts, const DictionaryPtr& rates,
               const QString& accountRateIncome, const QString& accountRateExpense, bool baseIsEuro);
-    // Revalues the rows of `debts` in place at `rates`: CurrentRate and CurrInfluence.
-    static void Revalue(const RecordsetPtr& debts, const DictionaryPtr& rates);
     void Clear();
 
     const RecordsetPtr& Recordset() const { return rs_; }
