@@ -3,6 +3,7 @@
 #include "core/number_text.h"
 #include "core/recordset.h"
 #include "host/catalogues/catalogue_kinds.h"
+#include "host/methods/addressee_methods.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
@@ -491,20 +492,6 @@ ParameterSpec requiredText(const char* name) {
 }
 
 } // namespace
-
-QString AddresseeKindName(const QString& foid) {
-    static const QHash<QString, QString> names = {
-        {QStringLiteral("O0000100"), QStringLiteral("Įmonė")},
-        {QStringLiteral("O0000300"), QStringLiteral("Bankas")},
-        {QStringLiteral("O0000500"), QStringLiteral("Banko sąskaita")},
-        {QStringLiteral("O0001401"), QStringLiteral("Darbuotojas")},
-        {QStringLiteral("O0001402"), QStringLiteral("Fizinis asmuo")},
-        {QStringLiteral("O0201500"), QStringLiteral("Finansinės operacijos įrašas")},
-        {QStringLiteral("O3010100"), QStringLiteral("Sutartis")},
-    };
-    const QString code = foid.trimmed().left(8);
-    return names.value(code, code);
-}
 
 QString TemplateEntriesText(const QStringList& debit, const QStringList& credit,
                             const QVector<double>& factors) {

@@ -57,10 +57,6 @@ class MethodRegistry;
 
 ResultRecord RegisterTemplateMethods(MethodRegistry& methods);
 
-// The name of an addressee kind as lists show it ("Įmonė" for O0000100); the code
-// itself for a kind without a name here.
-QString AddresseeKindName(const QString& foid);
-
 // The entries of a template as one line of text, "D2410 K5000 ×1; D5000 K4492 ×0,21".
 QString TemplateEntriesText(const QStringList& debit, const QStringList& credit,
                             const QVector<double>& factors);

@@ -7,6 +7,7 @@
 #include "host/catalogues/catalogue_object.h"
 #include "host/catalogues/currency_methods.h"
 #include "host/methods/accounts_methods.h"
+#include "host/methods/addressee_methods.h"
 #include "host/methods/catalogue_editor_methods.h"
 #include "host/methods/group_methods.h"
 #include "host/methods/host_business_object.h"
@@ -122,7 +123,7 @@ SessionResult HostSession::Open(const QString& location, OpenMode mode, const QS
          {RegisterSystemMethods(*s->methods_), RegisterObjectMethods(*s->methods_, *s->kinds_),
           RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_),
           RegisterGroupMethods(*s->methods_), RegisterTemplateMethods(*s->methods_),
-          RegisterCatalogueEditorMethods(*s->methods_)})
+          RegisterCatalogueEditorMethods(*s->methods_), RegisterAddresseeMethods(*s->methods_)})
         if (!r.ok())
             return {r.Code, r.Text, nullptr};
     const ResultRecord operations =

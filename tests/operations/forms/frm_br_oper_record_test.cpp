@@ -56,7 +56,8 @@ TEST_F(OperationFormsTest, EntryCardShowsItsCaptionsListsAndMenus) {
                                   "Prekių grąžinimas tiekėjams", "Prekių (paslaugų) pardavimas",
                                   "Prekių grąžinimas iš pirkėjų"}));
     EXPECT_EQ(vat, QStringList({"Prekių (paslaugų) vertė", "PVM suma"}));
-    EXPECT_EQ(tariffs, QStringList({"18,00", "0,00", "5,00"}));
+    // The book's VAT rates replace the card's own starting list.
+    EXPECT_EQ(tariffs, QStringList({"21,00", "9,00", "5,00", "0,00"}));
     EXPECT_TRUE(account.startsWith(QStringLiteral("6100 "))) << account.toStdString();
     EXPECT_EQ(sum, QStringLiteral("15,00"));
     EXPECT_EQ(write, QStringLiteral("Išsaugoti"));
