@@ -14,7 +14,7 @@
 #include "host/objects/operation_kind.h"
 #include "host/storage/database.h"
 
-#include <limits>
+#include <climits>
 
 namespace orvo::host {
 
@@ -195,15 +195,12 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
         }
         sql += QStringLiteral(" ORDER BY DateD, ID");
         // Positions past the subgroups are positions among the operations.
-        const qint64 skip = qMax<qint64>(0, firstRow - 1 - groupRows);
-        if (lastRow > 0 || skip > 0) {
-            const qint64 take = lastRow > 0
-                                    ? qMax<qint64>(0, lastRow - qMax(groupRows, firstRow - 1))
-                                    : std::numeric_limits<qint32>::max();
-            sql += QStringLiteral(" LIMIT ? OFFSET ?");
-            params << Value(qint32(qMin<qint64>(take, std::numeric_limits<qint32>::max())))
-                   << Value(qint32(qMin<qint64>(skip, std::numeric_limits<qint32>::max())));
-        }
+        const qint64 opFrom = qMax<qint64>(1, firstRow - groupRows);
+        const qint64 opTo = lastRow > 0 ? lastRow - groupRows : 0;
+        if (lastRow > 0 && opTo < 1)
+            return BOResult::Of(Value(finished(rs)));
+        sql += PagingClause(db, int(qMin<qint64>(opFrom, INT_MAX)),
+                            int(qMin<qint64>(opTo, INT_MAX)), params);
         const QueryResult ops = db.Query(sql, params);
         if (!ops.ok())
             return failed(ops.Text);
