@@ -13,11 +13,14 @@
 #include "frame/orvo_object_ui.h"
 #include "frame/orvo_objects_service.h"
 #include "frame/orvo_services.h"
+#include "host/catalogues/catalogue_editor_navigator.h"
 #include "host/demo/demo_book.h"
 #include "host/script/plain_navigators.h"
 #include "host/session/host_session.h"
 #include "operations/forms/operation_forms.h"
 #include "operations/operation_registration.h"
+#include "settlement/forms/settlement_forms.h"
+#include "ui/catalogues/catalogue_forms.h"
 #include "ui/services/dialog_driver.h"
 #include "ui/shell/desktop_forms.h"
 #include "ui/shell/host_tree.h"
@@ -66,6 +69,8 @@ void registerClasses() {
     RegisterAccountClasses();
     HostSession::RegisterCatalogueClasses();
     RegisterPlainNavigators();
+    // The catalogues' own navigators open their editors; they replace the plain ones.
+    RegisterCatalogueNavigators();
 }
 
 // The object a form is shown on for a picture: the first operation of the book, or a
@@ -159,6 +164,8 @@ int main(int argc, char** argv) {
     // The editors of the subsystems, opened by name from the tree and the forms.
     RegisterAccountForms(*session.Forms());
     RegisterOperationForms(*session.Forms());
+    RegisterSettlementForms(*session.Forms());
+    RegisterCatalogueForms(*session.Forms());
 
     int code = 0;
     {

@@ -4,6 +4,7 @@
 // one Lithuanian line on standard error and a non-zero exit status.
 #include "accounts/account_registration.h"
 #include "core/today.h"
+#include "host/catalogues/catalogue_editor_navigator.h"
 #include "host/demo/demo_book.h"
 #include "host/script/plain_navigators.h"
 #include "host/script/script_session.h"
@@ -17,9 +18,13 @@
 #ifdef ORVO_OPERATIONS_FORMS
 #include "operations/forms/operation_forms.h"
 #endif
+#ifdef ORVO_SETTLEMENT_FORMS
+#include "settlement/forms/settlement_forms.h"
+#endif
 #ifdef ORVO_WITH_UI
 #include "ui/automation/script_runner.h"
 #include "ui/automation/ui_script_ops.h"
+#include "ui/catalogues/catalogue_forms.h"
 
 #include <QApplication>
 #endif
@@ -89,6 +94,8 @@ void registerClasses() {
     RegisterAccountClasses();
     HostSession::RegisterCatalogueClasses();
     RegisterPlainNavigators();
+    // The catalogues' own navigators open their editors; they replace the plain ones.
+    RegisterCatalogueNavigators();
 }
 
 // Removes an SQLite book that this run created, with the files SQLite keeps beside it.
@@ -212,6 +219,10 @@ int runScript(const QString& book, const QString& user) {
 #ifdef ORVO_OPERATIONS_FORMS
     RegisterOperationForms(*s.Session->Forms());
 #endif
+#ifdef ORVO_SETTLEMENT_FORMS
+    RegisterSettlementForms(*s.Session->Forms());
+#endif
+    RegisterCatalogueForms(*s.Session->Forms());
     ui::UiScriptOps::Register(script, *s.Session);
     ui::ScriptRunner runner(
         script,
