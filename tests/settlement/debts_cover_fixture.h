@@ -6,6 +6,7 @@
 #pragma once
 
 #include "../host/storage_fixture.h"
+#include "fixed_today.h"
 
 #include "accounts/account_registration.h"
 #include "accounts/group_registration.h"

@@ -3,6 +3,7 @@
 // frmTransferSum, a row's rate changed in frmBROperSelect_ChangeRate), and the chosen
 // debts stored as the operation's entries.
 #include "operations/forms/operation_forms_fixture.h"
+#include "settlement/fixed_today.h"
 
 #include "core/number_text.h"
 #include "core/rounding.h"

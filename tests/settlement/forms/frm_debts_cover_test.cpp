@@ -3,6 +3,7 @@
 // sells, checking both lists, the save into the editor's operation and the stored
 // result; and the printed act read back from its PDF.
 #include "operations/forms/operation_forms_fixture.h"
+#include "settlement/fixed_today.h"
 
 #include "core/number_text.h"
 #include "host/session/host_session.h"
