@@ -2,8 +2,10 @@
 // set, so that the program can be shown and tried without typing catalogues first: the
 // euro as the base currency and the dollar, pound and zloty with two years of daily
 // rates, the firm that keeps the books with its customers, suppliers and a branch,
-// natural persons, employees, Lithuanian banks, bank accounts, and two users (an
-// administrator and an accountant with narrower rights).
+// natural persons, employees, Lithuanian banks, bank accounts, two users (an
+// administrator and an accountant with narrower rights), the chart of accounts, groups
+// and templates of operations, and open debts of customers and suppliers in euro and in
+// foreign currencies, some partly paid, so that every settling window shows something.
 //
 // Everything is written in one transaction. A book that already holds catalogue data is
 // refused with a Lithuanian text and left untouched, so running it twice never doubles
