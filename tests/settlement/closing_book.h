@@ -6,34 +6,15 @@
 // entries the book holds.
 #pragma once
 
-#include "../host/storage_fixture.h"
 #include "closing_entries.h"
+#include "demo_book_session.h"
 
-#include "accounts/account_registration.h"
-#include "accounts/template_registration.h"
 #include "core/null_readers.h"
-#include "core/today.h"
-#include "frame/orvo_objects_service.h"
-#include "frame/orvo_services.h"
-#include "host/demo/demo_book.h"
-#include "host/session/host_session.h"
 #include "host/session/scripted_messages.h"
-#include "operations/operation_registration.h"
-
-#include <QStringList>
-#include <ostream>
-
-// Readable failure output for the texts the tests compare.
-inline void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
-inline void PrintTo(const QStringList& l, std::ostream* os) {
-    *os << '[' << l.join("|").toStdString() << ']';
-}
 
 namespace orvo::test {
 
-class ClosingBook : public host::testing::StorageTest {
+class ClosingBook : public DemoBookSession {
 protected:
     struct Entry {
         QString Debit;
@@ -42,22 +23,9 @@ protected:
     };
 
     void SetUp() override {
-        StorageTest::SetUp();
+        DemoBookSession::SetUp();
         if (IsSkipped() || HasFatalFailure())
             return;
-        {
-            host::DatabasePtr db = OpenBook();
-            ASSERT_TRUE(db);
-            const ResultRecord demo = host::CreateDemoBook(*db, Today());
-            ASSERT_TRUE(demo.ok()) << demo.Text.toStdString();
-        }
-        RegisterOperationClasses();
-        RegisterAccountClasses();
-        RegisterTemplateClasses();
-        host::HostSession::RegisterCatalogueClasses();
-        host::SessionResult r = host::HostSession::Open(location_);
-        ASSERT_TRUE(r.ok()) << r.Text.toStdString();
-        session_ = std::move(r.Session);
         for (const char* account : {"59", "5900", "69", "6900", "2910", "4910"})
             ASSERT_TRUE(
                 session_->Db()
@@ -65,14 +33,6 @@ protected:
                              {Value(QString::fromLatin1(account)),
                               Value(QStringLiteral("Sąskaita ") + QString::fromLatin1(account))})
                     .ok());
-    }
-    void TearDown() override {
-        session_.reset();
-        StorageTest::TearDown();
-    }
-
-    OrvoObjectUIOPtr Object(const QString& codeOrOidr) {
-        return session_->Services()->ObjectsService()->GetObjectUIO(codeOrOidr);
     }
 
     // The number of the demo group of that name.
@@ -136,8 +96,6 @@ protected:
             texts << m.Text;
         return texts;
     }
-
-    std::unique_ptr<host::HostSession> session_;
 };
 
 } // namespace orvo::test

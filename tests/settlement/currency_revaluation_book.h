@@ -7,63 +7,18 @@
 // stored.
 #pragma once
 
-#include "../host/storage_fixture.h"
+#include "demo_book_session.h"
 
-#include "accounts/account_registration.h"
-#include "accounts/template_registration.h"
 #include "core/dates.h"
 #include "core/null_readers.h"
-#include "core/today.h"
-#include "frame/orvo_objects_service.h"
-#include "frame/orvo_services.h"
-#include "host/demo/demo_book.h"
-#include "host/session/host_session.h"
 #include "host/session/scripted_messages.h"
-#include "operations/operation_registration.h"
-
-#include <QStringList>
-
-// Readable failure output for the texts the tests compare.
-inline void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
-inline void PrintTo(const QStringList& l, std::ostream* os) {
-    *os << '[' << l.join("|").toStdString() << ']';
-}
 
 namespace orvo::test {
 
-class CurrencyBook : public host::testing::StorageTest {
+class CurrencyBook : public DemoBookSession {
 protected:
     // A day well inside the demo rates, which end on the day the book is made.
     static QDate Day(int daysBack) { return Today().addDays(-daysBack); }
-
-    void SetUp() override {
-        StorageTest::SetUp();
-        if (IsSkipped() || HasFatalFailure())
-            return;
-        {
-            host::DatabasePtr db = OpenBook();
-            ASSERT_TRUE(db);
-            const ResultRecord demo = host::CreateDemoBook(*db, Today());
-            ASSERT_TRUE(demo.ok()) << demo.Text.toStdString();
-        }
-        RegisterOperationClasses();
-        RegisterAccountClasses();
-        RegisterTemplateClasses();
-        host::HostSession::RegisterCatalogueClasses();
-        host::SessionResult r = host::HostSession::Open(location_);
-        ASSERT_TRUE(r.ok()) << r.Text.toStdString();
-        session_ = std::move(r.Session);
-    }
-    void TearDown() override {
-        session_.reset();
-        StorageTest::TearDown();
-    }
-
-    OrvoObjectUIOPtr Object(const QString& codeOrOidr) {
-        return session_->Services()->ObjectsService()->GetObjectUIO(codeOrOidr);
-    }
 
     qint32 GeneralGroup() {
         const host::QueryResult q =
@@ -215,8 +170,6 @@ protected:
             texts << m.Text;
         return texts;
     }
-
-    std::unique_ptr<host::HostSession> session_;
 };
 
 } // namespace orvo::test

@@ -5,55 +5,21 @@
 // the business object reports.
 #pragma once
 
-#include "../host/storage_fixture.h"
+#include "demo_book_session.h"
 #include "fixed_today.h"
 
-#include "accounts/account_registration.h"
-#include "accounts/group_registration.h"
 #include "core/dates.h"
 #include "core/null_readers.h"
 #include "core/rounding.h"
-#include "core/today.h"
 #include "frame/orvo_object_uio.h"
-#include "frame/orvo_objects_service.h"
-#include "frame/orvo_services.h"
-#include "host/demo/demo_book.h"
-#include "host/session/host_session.h"
 #include "host/session/scripted_messages.h"
-#include "operations/operation_registration.h"
 
 #include <QVector>
 
 namespace orvo::test {
 
-class DebtsCoverBook : public host::testing::StorageTest {
+class DebtsCoverBook : public DemoBookSession {
 protected:
-    void SetUp() override {
-        StorageTest::SetUp();
-        if (IsSkipped() || HasFatalFailure())
-            return;
-        {
-            host::DatabasePtr db = OpenBook();
-            ASSERT_TRUE(db);
-            if (WithDemo()) {
-                const ResultRecord demo = host::CreateDemoBook(*db, Today());
-                ASSERT_TRUE(demo.ok()) << demo.Text.toStdString();
-            }
-        }
-        RegisterOperationClasses();
-        RegisterAccountClasses();
-        RegisterGroupClasses();
-        host::SessionResult r = host::HostSession::Open(location_, host::OpenMode::CreateIfMissing);
-        ASSERT_TRUE(r.ok()) << r.Text.toStdString();
-        session_ = std::move(r.Session);
-    }
-    void TearDown() override {
-        session_.reset();
-        StorageTest::TearDown();
-    }
-
-    virtual bool WithDemo() const { return true; }
-
     OrvoObjectUIOPtr NewOperation() {
         return session_->Services()->ObjectsService()->GetObjectUIO(QStringLiteral("O0201500"));
     }
@@ -157,8 +123,6 @@ protected:
     }
 
     QList<host::RecordedMessage> Boxes() { return session_->Messages()->Take(); }
-
-    std::unique_ptr<host::HostSession> session_;
 };
 
 } // namespace orvo::test
