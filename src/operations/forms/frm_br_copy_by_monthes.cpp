@@ -1,6 +1,7 @@
 #include "operations/forms/frm_br_copy_by_monthes.h"
 
 #include "core/number_text.h"
+#include "ui/widgets/dialog_buttons.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -88,14 +89,10 @@ QWidget* FrmBRCopyByMonthes::build() {
     auto* withComment = new QCheckBox(QStringLiteral("Kopijuoti įrašo komentarą"), root);
     withComment->setObjectName(QStringLiteral("chkWithComment"));
 
-    auto* ok = new QPushButton(QStringLiteral("Gerai"), root);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    auto* cancel = new QPushButton(QStringLiteral("Atšaukti"), root);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    const ui::DialogButtons row = ui::DialogButtons::Make(root);
+    QPushButton* ok = row.Ok;
+    QPushButton* cancel = row.Cancel;
+    QHBoxLayout* buttons = row.Row;
 
     auto* layout = new QVBoxLayout(root);
     layout->addLayout(form);

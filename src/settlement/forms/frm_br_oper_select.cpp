@@ -14,6 +14,7 @@
 #include "settlement/selection_debts.h"
 #include "settlement/selection_result.h"
 #include "ui/services/dialog_driver.h"
+#include "ui/widgets/dialog_buttons.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -272,14 +273,10 @@ QWidget* FrmBROperSelect::build() {
     totals->addWidget(txtPaymentLt_);
     totals->addWidget(txtPaymentCurr_);
 
-    auto* ok = new QPushButton(QStringLiteral("Gerai"), root);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    auto* cancelButton = new QPushButton(QStringLiteral("Atšaukti"), root);
-    cancelButton->setObjectName(QStringLiteral("cmdCancel"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancelButton);
+    const ui::DialogButtons row = ui::DialogButtons::Make(root);
+    QPushButton* ok = row.Ok;
+    QPushButton* cancelButton = row.Cancel;
+    QHBoxLayout* buttons = row.Row;
 
     auto* sourceRow = new QHBoxLayout;
     sourceRow->addWidget(optDebtOpers_);

@@ -1,6 +1,7 @@
 #include "settlement/forms/frm_covers_in_future_parameters.h"
 
 #include "settlement/deferred_covers.h"
+#include "ui/widgets/dialog_buttons.h"
 
 #include <QDateEdit>
 #include <QDialog>
@@ -39,14 +40,10 @@ QWidget* FrmCoversInFutureParameters::BuildWidget() {
     form->addRow(QStringLiteral("Nuo mėnesio"), dtpDateFrom);
     form->addRow(QStringLiteral("mėnesių skaičius"), txtMonthCount);
 
-    auto* ok = new QPushButton(QStringLiteral("Gerai"), root);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    auto* cancel = new QPushButton(QStringLiteral("Atšaukti"), root);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    const ui::DialogButtons row = ui::DialogButtons::Make(root);
+    QPushButton* ok = row.Ok;
+    QPushButton* cancel = row.Cancel;
+    QHBoxLayout* buttons = row.Row;
     auto* layout = new QVBoxLayout(root);
     layout->addLayout(form);
     layout->addLayout(buttons);

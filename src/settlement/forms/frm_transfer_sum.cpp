@@ -3,6 +3,7 @@
 #include "core/null_readers.h"
 #include "core/number_text.h"
 #include "frame/catalogue_data_access.h"
+#include "ui/widgets/dialog_buttons.h"
 #include "ui/widgets/number_field.h"
 
 #include <QDialog>
@@ -150,14 +151,10 @@ QWidget* FrmTransferSum::BuildWidget() {
         },
         txtSum_));
 
-    auto* ok = new QPushButton(QStringLiteral("Gerai"), root);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    auto* cancel = new QPushButton(QStringLiteral("Atšaukti"), root);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    const ui::DialogButtons row = ui::DialogButtons::Make(root);
+    QPushButton* ok = row.Ok;
+    QPushButton* cancel = row.Cancel;
+    QHBoxLayout* buttons = row.Row;
     auto* layout = new QVBoxLayout(root);
     layout->addLayout(grid);
     layout->addLayout(buttons);
