@@ -15,7 +15,7 @@ PACKAGES=(
   libpq-dev postgresql
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-dejavu-core zlib1g-dev
-  xvfb xauth poppler-utils unzip
+  xvfb xauth poppler-utils unzip xdg-utils
 )
 
 missing=()

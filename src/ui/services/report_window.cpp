@@ -1,10 +1,14 @@
 #include "ui/services/report_window.h"
 
 #include "ui/services/dialog_driver.h"
+#include "ui/services/mail_sender.h"
 #include "ui/services/pdf_preview_dialog.h"
 
 #include <QBoxLayout>
+#include <QDir>
+#include <QFile>
 #include <QHBoxLayout>
+#include <QTemporaryDir>
 #include <QToolButton>
 #include <QWidget>
 
@@ -44,6 +48,32 @@ void ReportWindow::Show(const QByteArray& pdf, const QString& title, const QStri
                 written->append(path);
         });
     }
+    // Sending writes the document into a folder of its own and hands it to the mail
+    // program; the folder outlives the window, since the letter is sent later.
+    auto* send = new QToolButton(bar);
+    send->setObjectName(QStringLiteral("cmdSendPDF"));
+    send->setText(QStringLiteral("Siųsti kaip PDF"));
+    send->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    row->addWidget(send);
+    QObject::connect(send, &QToolButton::clicked, &dialog, [=]() {
+        QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/orvo-XXXXXX"));
+        folder.setAutoRemove(false);
+        const QString path = folder.filePath(baseName + QStringLiteral(".pdf"));
+        QFile out(path);
+        ResultRecord r;
+        if (!folder.isValid() || !out.open(QIODevice::WriteOnly) || out.write(pdf) != pdf.size())
+            r = ResultRecord::Failure(1, QStringLiteral("Nepavyko įrašyti failo „%1“.").arg(path));
+        out.close();
+        if (r.ok())
+            r = MailSender::Send(path, title);
+        if (!r.ok()) {
+            if (messages)
+                messages->Warning(r.Text);
+            return;
+        }
+        if (written)
+            written->append(path);
+    });
     row->addStretch(1);
     // The preview lays its parts out in one column: the exports go on top of it.
     if (auto* column = qobject_cast<QBoxLayout*>(dialog.layout()))

@@ -3,7 +3,9 @@
 // per export ("Eksportas į RTF", ...). A button asks the file dialog for a path,
 // offering the report's base name with the export's suffix, and has the export write
 // the file; a refused write shows its text as an error. The window knows nothing of how
-// a file is made, so every printed list of the program can offer its own exports.
+// a file is made, so every printed list of the program can offer its own exports. Every
+// report also offers "Siųsti kaip PDF" (cmdSendPDF): the document goes to the mail
+// program as the attachment of a new letter (MailSender).
 #pragma once
 
 #include "core/results.h"

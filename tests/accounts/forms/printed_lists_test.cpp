@@ -12,6 +12,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QProcess>
+#include <QThread>
 #include <QToolButton>
 
 namespace orvo::accounts_forms::testing {
@@ -50,9 +51,55 @@ protected:
             .normalized(QString::NormalizationForm_KC);
     }
 
+    // Prints the chart and leaves its report window through the `button`.
+    void PrintChartWith(const QString& button) {
+        ExportWith(button, QString());
+        const OrvoObjectUIPtr nav =
+            session_->Services()->ObjectsService()->GetObjectUI(QStringLiteral("O0200400"));
+        const ClickResult click = nav->ClickMenu(QStringLiteral("O0200400"), QString(),
+                                                 UI0200400::kPrint, QStringLiteral("3"));
+        ASSERT_EQ(click.Action, ClickResult::ShowForm);
+        const auto form = std::dynamic_pointer_cast<OrvoForm>(click.Payload.toObject());
+        ASSERT_TRUE(form);
+        form->Show(true);
+    }
+
     QString title_;
     QStringList captions_;
     QString offered_;
+};
+
+// The mail program the tests stand in for: it writes the arguments it was given, one a line.
+class MailProgram {
+public:
+    explicit MailProgram(const QString& folder)
+        : script_(folder + QStringLiteral("/mail.sh")),
+          args_(folder + QStringLiteral("/args.txt")) {
+        QFile f(script_);
+        if (f.open(QIODevice::WriteOnly))
+            f.write(
+                QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"$@\" > '%1.part'\nmv '%1.part' '%1'\n")
+                    .arg(args_)
+                    .toUtf8());
+        f.close();
+        f.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        qputenv("ORVO_MAIL_COMMAND", script_.toUtf8());
+    }
+    ~MailProgram() { qunsetenv("ORVO_MAIL_COMMAND"); }
+
+    // The arguments, once the program has run (it runs on its own, so it is waited for).
+    QStringList Args() const {
+        for (int i = 0; i < 100 && !QFile::exists(args_); ++i)
+            QThread::msleep(50);
+        QFile f(args_);
+        if (!f.open(QIODevice::ReadOnly))
+            return {};
+        return QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+private:
+    QString script_;
+    QString args_;
 };
 
 TEST_F(PrintedListsTest, PrintingTheChartWritesAPdfWithItsTitleAndItsClasses) {
@@ -70,7 +117,7 @@ TEST_F(PrintedListsTest, PrintingTheChartWritesAPdfWithItsTitleAndItsClasses) {
     EXPECT_EQ(title_, QStringLiteral("Saskaitų planas"));
     EXPECT_EQ(captions_,
               (QStringList{QStringLiteral("Eksportas į RTF"), QStringLiteral("Eksportas į EXCEL"),
-                           QStringLiteral("Eksportas į PDF")}));
+                           QStringLiteral("Eksportas į PDF"), QStringLiteral("Siųsti kaip PDF")}));
     EXPECT_EQ(QFileInfo(offered_).fileName(), QStringLiteral("Saskaita.pdf"));
     ASSERT_TRUE(QFile::exists(path));
     const QString text = PdfText(path);
@@ -146,5 +193,33 @@ TEST_F(PrintedListsTest, PrintingTheTemplatesWritesAPdfWithGroupsAndTemplates) {
 }
 
 } // namespace
+
+TEST_F(PrintedListsTest, SendingTheChartAsPdfHandsTheDocumentToTheMailProgram) {
+    const MailProgram mail(dir_.path());
+    PrintChartWith(QStringLiteral("cmdSendPDF"));
+    EXPECT_TRUE(Boxes().isEmpty());
+    const QStringList args = mail.Args();
+    ASSERT_EQ(args.size(), 4) << args.join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(args.mid(0, 3),
+              (QStringList{QStringLiteral("--subject"), QStringLiteral("Saskaitų planas"),
+                           QStringLiteral("--attach")}));
+    EXPECT_EQ(QFileInfo(args.at(3)).fileName(), QStringLiteral("Saskaita.pdf"));
+    const QString text = PdfText(args.at(3));
+    EXPECT_TRUE(text.contains(QStringLiteral("Trumpalaikis turtas"))) << text.toStdString();
+}
+
+TEST_F(PrintedListsTest, SendingWithoutAMailProgramSaysWhereThePdfWasKept) {
+    qputenv("ORVO_MAIL_COMMAND", QByteArray("/nera/tokios/programos"));
+    PrintChartWith(QStringLiteral("cmdSendPDF"));
+    qunsetenv("ORVO_MAIL_COMMAND");
+    const auto boxes = Boxes();
+    ASSERT_EQ(boxes.size(), 1);
+    const QString text = boxes.first().Text;
+    EXPECT_TRUE(text.contains(QStringLiteral("nerasta"))) << text.toStdString();
+    const int at = text.indexOf(QStringLiteral("PDF failas išsaugotas: "));
+    ASSERT_GE(at, 0) << text.toStdString();
+    const QString kept = text.mid(at + 23).trimmed();
+    EXPECT_TRUE(QFile::exists(kept)) << kept.toStdString();
+}
 
 } // namespace orvo::accounts_forms::testing
