@@ -4,6 +4,9 @@
 // rates until it is saved.
 #include "catalogue_forms_fixture.h"
 
+#include <QDialog>
+#include <QLineEdit>
+
 namespace orvo::ui::testing {
 namespace {
 
@@ -54,6 +57,35 @@ TEST_P(CurrencyFormsTest, DayRatesAreTypedListedAndRemoved) {
     rates = Read(QStringLiteral("lvwRates"));
     ASSERT_EQ(rates.Rows.size(), 1);
     EXPECT_EQ(rates.Rows.at(0).Text(0), QStringLiteral("2024.03.15"));
+}
+
+TEST_P(CurrencyFormsTest, CurrencyRatesOpensThatCurrencysWindowForItsDailyRates) {
+    ASSERT_TRUE(
+        Open(host::kinds::Currency, host::kinds::Currency, QStringLiteral("Nauja valiuta")));
+    Type({{QStringLiteral("txtCode"), QStringLiteral("GBP")},
+          {QStringLiteral("txtName"), QStringLiteral("Svaras sterlingų")}});
+    Click(QStringLiteral("cmdWrite"));
+    ASSERT_TRUE(BoxTexts().isEmpty());
+
+    QStringList shown;
+    DialogDriver::Set([&shown](QDialog& dialog) {
+        auto* code = dialog.findChild<QLineEdit*>(QStringLiteral("txtCode"));
+        shown << dialog.objectName() + QLatin1Char(' ') + (code ? code->text() : QString());
+        dialog.reject();
+    });
+    const OrvoObjectUIOPtr currency =
+        session_->ObjectsService()->GetObjectUIO(host::kinds::Currency);
+    ASSERT_TRUE(currency);
+    const ValueResult opened = currency->Methods(
+        QStringLiteral("CurrencyRates"), {Value(QStringLiteral("GBP")), Value(QDate(2024, 3, 15))});
+    const ValueResult unknown = currency->Methods(
+        QStringLiteral("CurrencyRates"), {Value(QStringLiteral("XYZ")), Value(QDate(2024, 3, 15))});
+    DialogDriver::Clear();
+    ASSERT_TRUE(opened.ok()) << opened.Text.toStdString();
+    EXPECT_TRUE(opened.Value.toBool());
+    EXPECT_EQ(shown, QStringList{QStringLiteral("frmCurrencyDialog GBP")});
+    EXPECT_FALSE(unknown.ok());
+    EXPECT_EQ(unknown.Text, QStringLiteral("Valiuta „XYZ“ nerasta."));
 }
 
 ORVO_STORAGE_BACKENDS(CurrencyFormsTest);

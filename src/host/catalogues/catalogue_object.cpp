@@ -2,7 +2,12 @@
 
 #include "core/dates.h"
 #include "core/recordset.h"
+#include "frame/forms.h"
 #include "frame/methods_convention.h"
+#include "frame/orvo_form.h"
+#include "frame/orvo_objects_service.h"
+#include "frame/orvo_s.h"
+#include "frame/orvo_services.h"
 #include "host/catalogues/catalogue_kinds.h"
 #include "host/sum_by_words.h"
 
@@ -20,6 +25,31 @@ PropertiesConvention conventionFor(const QString& code) {
 CatalogueObject::CatalogueObject(const QString& code, const QString& title)
     : OrvoObjectUIOBase(code, QStringLiteral("UIO") + code.mid(1), title, conventionFor(code)) {}
 
+ValueResult CatalogueObject::showRates(const QString& code) {
+    // The currency's own window holds its daily rates: a settling window whose rate of the
+    // day is missing sends the user there and reads the rates again afterwards.
+    const BusinessObjectPtr bo = BO();
+    const OrvoServicesPtr services = OrvoS();
+    if (!bo || !services || !services->ObjectsService() || !services->FormsService())
+        return ValueResult::Of(Value(false));
+    const BOResult found = bo->Call(
+        QStringLiteral("GetCurrencyByCode"),
+        QStringLiteral("'%1'").arg(QString(code).replace(QLatin1Char('\''), QStringLiteral("''"))));
+    const RecordsetPtr rows = found.ok() ? found.Data.toRecordset() : nullptr;
+    if (!rows || rows->RecordCount() == 0)
+        return ValueResult::Failure(codes::Refused,
+                                    QStringLiteral("Valiuta „%1“ nerasta.").arg(code));
+    rows->MoveFirst();
+    const OrvoObjectUIOPtr currency =
+        services->ObjectsService()->GetObjectUIO(rows->Field(QStringLiteral("OIDR")).toString());
+    const OrvoFormPtr form = services->FormsService()->CreateForm(QStringLiteral("frmCurrency"));
+    if (!currency || !form)
+        return ValueResult::Of(Value(false));
+    form->SetOrvoObjectUIO(currency);
+    form->Show(true);
+    return ValueResult::Of(Value(true));
+}
+
 ValueResult CatalogueObject::Methods(const QString& name, const ValueArray& parameters) {
     if (OID().left(8) == kinds::Currency) {
         if (name == QLatin1String("SumByWords")) {
@@ -29,6 +59,8 @@ ValueResult CatalogueObject::Methods(const QString& name, const ValueArray& para
             const QString code = Field(QStringLiteral("Code")).toString();
             return ValueResult::Of(Value(SumByWords(parameters.first().toDouble(), code)));
         }
+        if (name == QLatin1String("CurrencyRates"))
+            return showRates(parameters.value(0).toString().trimmed());
         if (name == QLatin1String("SaveDayRate")) {
             // SaveDayRate(Date, Rate [, CurrencyRate]) for this currency.
             if (parameters.size() < 2 || parameters.size() > 3)

@@ -1,8 +1,9 @@
 // CatalogueObject is the data object of a shared catalogue (a firm, a person, an
 // employee, a bank, a bank account, a currency): it reads and stores through the generic
 // DO<code>_... methods. The currency object also words sums ("SumByWords") and keeps the
-// day's rate ("SaveDayRate"); its queries (CurrencyList, CurrencyByCode) go to the
-// business object as "Get" + name.
+// day's rate ("SaveDayRate"), and "CurrencyRates"(Code [, Date]) opens the window of
+// that currency with its daily rates (frmCurrency); its queries (CurrencyList, CurrencyByCode) go
+// to the business object as "Get" + name.
 #pragma once
 
 #include "frame/orvo_object_uio_base.h"
@@ -13,6 +14,9 @@ class CatalogueObject : public OrvoObjectUIOBase {
 public:
     CatalogueObject(const QString& code, const QString& title);
     ValueResult Methods(const QString& name, const ValueArray& parameters) override;
+
+private:
+    ValueResult showRates(const QString& code);
 };
 
 } // namespace orvo::host
