@@ -33,6 +33,9 @@ function(orvo_test_folder name)
     add_executable(${name} ${_sources})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PRIVATE ${ARG_DEPS} GTest::gtest GTest::gmock GTest::gtest_main)
+    # One value per property: a list given to ENVIRONMENT would be split by the discovery
+    # into property names, and the tests would run on the clock's date.
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ORVO_TODAY=2024-03-15")
+        PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen
+                   ENVIRONMENT_MODIFICATION ORVO_TODAY=set:2024-03-15)
 endfunction()
