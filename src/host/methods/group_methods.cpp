@@ -4,6 +4,8 @@
 #include "core/today.h"
 #include "host/catalogues/catalogue_kinds.h"
 #include "host/methods/account_settings.h"
+#include "host/methods/document_type_methods.h"
+#include "host/methods/group_debt_methods.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
@@ -334,6 +336,10 @@ ResultRecord RegisterGroupMethods(MethodRegistry& methods) {
         if (!r.ok())
             return r;
     }
+    for (const ResultRecord& r :
+         {RegisterGroupDebtMethods(methods), RegisterDocumentTypeMethods(methods)})
+        if (!r.ok())
+            return r;
     return ResultRecord::Success();
 }
 

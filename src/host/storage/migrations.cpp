@@ -4,6 +4,7 @@
 #include "host/storage/account_totals_schema.h"
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
+#include "host/storage/group_debts_schema.h"
 #include "host/storage/groups_schema.h"
 #include "host/storage/operations_schema.h"
 
@@ -19,6 +20,7 @@ const QVector<Migration>& Migrations() {
         GroupsMigration(),
         AccountTotalsMigration(),
         CatalogueLockMigration(),
+        GroupDebtsMigration(),
     };
     return list;
 }
