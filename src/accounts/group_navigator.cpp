@@ -276,28 +276,41 @@ ClickResult UI0201400::hostOperation(const QString& name, const QString& oid) {
     return result;
 }
 
+UI0201400::ListBound UI0201400::ParseListBound(const QString& text) {
+    // A date, a position, or both as "date;position".
+    ListBound bound;
+    const QStringList parts = text.split(QLatin1Char(';'));
+    for (const QString& part : parts) {
+        const QString t = part.trimmed();
+        if (QDate::fromString(t, QStringLiteral("yyyy.MM.dd")).isValid()) {
+            bound.Date = t;
+            continue;
+        }
+        bool ok = false;
+        const int n = t.toInt(&ok);
+        if (ok && n > 0)
+            bound.Position = n;
+    }
+    return bound;
+}
+
 RecordsetPtr UI0201400::GetOrvoObjectList(const QString& oid, const QString& from,
                                           const QString& to) {
     const BusinessObjectPtr bo = BO();
     if (!bo)
         return nullptr;
-    // The list is bounded by a period of dates. The tree asks by positions in the list
-    // ("1", "100"), which bound no date: they choose the screen of rows to read.
-    const auto isDate = [](const QString& text) {
-        return QDate::fromString(text.trimmed(), QStringLiteral("yyyy.MM.dd")).isValid();
-    };
-    const auto position = [](const QString& text) {
-        bool ok = false;
-        const int n = text.trimmed().toInt(&ok);
-        return ok && n > 0 ? n : 0;
-    };
-    const QString first = isDate(from) ? from.trimmed() : QStringLiteral("1990.01.01");
-    const QString last = isDate(to) ? to.trimmed() : QStringLiteral("9999.12.31");
-    const BOResult r = bo->Call(QStringLiteral("DO0201400_GetGroupNodes"),
-                                QStringLiteral("'%1','%2','%3',%4,%5")
-                                    .arg(oid.isEmpty() ? kGroup : oid, first, last)
-                                    .arg(position(from))
-                                    .arg(position(to)));
+    // The list is bounded by a period of dates and, for the tree's screens of rows, by
+    // positions in the list; either may be missing.
+    const ListBound first = ParseListBound(from);
+    const ListBound last = ParseListBound(to);
+    const BOResult r =
+        bo->Call(QStringLiteral("DO0201400_GetGroupNodes"),
+                 QStringLiteral("'%1','%2','%3',%4,%5")
+                     .arg(oid.isEmpty() ? kGroup : oid,
+                          first.Date.isEmpty() ? QStringLiteral("1990.01.01") : first.Date,
+                          last.Date.isEmpty() ? QStringLiteral("9999.12.31") : last.Date)
+                     .arg(first.Position)
+                     .arg(last.Position));
     if (r.Code != 0) {
         ShowWarning(r.Text);
         return nullptr;

@@ -23,10 +23,19 @@ public:
     MenuItems GetMenu(const QString& oid, const QString& oType, const QString& groupId) override;
     ClickResult ClickMenu(const QString& oid, const QString& parameters, const QString& caption,
                           const QString& key) override;
-    // The groups under the node, then (for a group) its operations dated From..To; an
-    // empty From is the earliest date in use, an empty To "9999.12.31".
+    // The groups under the node, then (for a group) its operations dated within the
+    // period. From and To each hold a date of the period ("yyyy.MM.dd"), a position in
+    // the list (a whole number from 1, which the tree gives to read a screen of rows),
+    // or both as "yyyy.MM.dd;position"; a missing date is the earliest date in use for
+    // From and "9999.12.31" for To, a missing position no bound on that side.
     RecordsetPtr GetOrvoObjectList(const QString& oid, const QString& from,
                                    const QString& to) override;
+    // One side of the list's bounds as GetOrvoObjectList reads it.
+    struct ListBound {
+        QString Date;     // empty for none
+        int Position = 0; // 0 for none
+    };
+    static ListBound ParseListBound(const QString& text);
     // With the right to delete groups; a refusal of the business object is shown.
     bool DeleteOrvoObject(const QString& oid) override;
     // The group's editor goes to the desktop.

@@ -2,10 +2,15 @@
 
 #include "accounts/account_plan_navigator.h"
 #include "accounts/forms/form_support.h"
+#include "core/null_readers.h"
 #include "frame/messages.h"
 #include "frame/orvo_object_ui.h"
+#include "frame/orvo_objects_service.h"
+#include "frame/orvo_services.h"
 #include "frame/pickers.h"
 
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -14,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -40,6 +46,8 @@ public:
         auto* box = qobject_cast<QLineEdit*>(watched);
         if (!box)
             return false;
+        if (box == form_.newAcc_)
+            return dragAndDrop(event);
         if (event->type() == QEvent::KeyPress) {
             auto* key = static_cast<QKeyEvent*>(event);
             // Tab moves on: it is no key of the text.
@@ -63,6 +71,52 @@ public:
     }
 
 private:
+    // txtNewAcc takes only a dropped account, never text of its own.
+    bool dragAndDrop(QEvent* event) {
+        switch (event->type()) {
+        case QEvent::DragEnter: {
+            auto* drag = static_cast<QDragEnterEvent*>(event);
+            const QString key = drag->mimeData() ? drag->mimeData()->text().trimmed() : QString();
+            form_.dropKey_ = form_.acceptsDrop(key, nullptr) ? key : QString();
+            if (form_.dropKey_.isEmpty()) {
+                drag->ignore();
+            } else {
+                drag->setDropAction(Qt::CopyAction);
+                drag->accept();
+            }
+            return true;
+        }
+        case QEvent::DragMove: {
+            auto* drag = static_cast<QDragMoveEvent*>(event);
+            const QString key = drag->mimeData() ? drag->mimeData()->text().trimmed() : QString();
+            if (!form_.dropKey_.isEmpty() && key == form_.dropKey_) {
+                drag->setDropAction(Qt::CopyAction);
+                drag->accept();
+            } else {
+                drag->ignore();
+            }
+            return true;
+        }
+        case QEvent::DragLeave:
+            form_.dropKey_.clear();
+            return true;
+        case QEvent::Drop: {
+            auto* drop = static_cast<QDropEvent*>(event);
+            const QString key = drop->mimeData() ? drop->mimeData()->text().trimmed() : QString();
+            form_.dropKey_.clear();
+            if (form_.dropNewAccount(key)) {
+                drop->setDropAction(Qt::CopyAction);
+                drop->accept();
+            } else {
+                drop->ignore();
+            }
+            return true;
+        }
+        default:
+            return false;
+        }
+    }
+
     FrmAccountPlan& form_;
 };
 
@@ -135,6 +189,7 @@ QWidget* FrmAccountPlan::BuildWidget() {
     oldAcc_ = named(new QLabel(QStringLiteral("Atitinkanti nauja sąskaita:"), root_), "lblOldAcc");
     newAcc_ = named(new QLineEdit(root_), "txtNewAcc");
     newAcc_->setReadOnly(true);
+    newAcc_->setAcceptDrops(true);
     cmdNewAcc_ = named(new QPushButton(QStringLiteral("..."), root_), "cmdNewAcc");
     cmdCleanAcc_ = named(new QPushButton(QStringLiteral("X"), root_), "cmdCleanAcc");
     newRow->addWidget(oldAcc_);
@@ -164,6 +219,7 @@ QWidget* FrmAccountPlan::BuildWidget() {
     root_->installEventFilter(keys_);
     accountClass_->installEventFilter(keys_);
     account_->installEventFilter(keys_);
+    newAcc_->installEventFilter(keys_);
 
     auto changed = [this]() {
         if (filling_)
@@ -373,6 +429,36 @@ void FrmAccountPlan::pickNewAccount() {
         return;
     newAcc_->setText(editor_->NewAccountText);
     refreshButtons();
+}
+
+bool FrmAccountPlan::acceptsDrop(const QString& key, OrvoObjectUIOPtr* dragged) const {
+    if (!editor_ || !newAcc_ || !newAcc_->isVisible() || key.size() <= 8)
+        return false;
+    const OrvoServicesPtr s = Services();
+    const OrvoObjectsServicePtr objects = s ? s->ObjectsService() : nullptr;
+    // The kind is looked at first, so that no other record is read for nothing.
+    if (!objects || !editor_->AcceptsDrop(key, 0))
+        return false;
+    const OrvoObjectUIOPtr object = objects->GetObjectUIO(key);
+    if (!object || !editor_->AcceptsDrop(key, NzLong(object->Field(QStringLiteral("GroupFlag")))))
+        return false;
+    if (dragged)
+        *dragged = object;
+    return true;
+}
+
+bool FrmAccountPlan::dropNewAccount(const QString& key) {
+    OrvoObjectUIOPtr dragged;
+    if (!acceptsDrop(key, &dragged) || !editor_->TakeNewAccount(key))
+        return false;
+    QString preview = NzString(dragged->Field(QStringLiteral("Preview")));
+    if (preview.isEmpty())
+        preview = dragged->Preview();
+    editor_->NewAccountText =
+        NzString(dragged->Field(QStringLiteral("Account"))) + QLatin1Char(' ') + preview;
+    newAcc_->setText(editor_->NewAccountText);
+    refreshButtons();
+    return true;
 }
 
 void FrmAccountPlan::cleanNewAccount() {

@@ -7,7 +7,10 @@
 // SSCClose and mnuPrint "Spausdinti". The number boxes take digits and backspace only,
 // txtAccount keeps its parent's number in front, the type boxes keep D, K or DK, and a
 // class numbered 0 or 00 cannot be left. The changed mark enables Įrašyti and Atšaukti
-// and disables SSCNew; closing with changes asks first.
+// and disables SSCNew; closing with changes asks first. An account dragged onto
+// txtNewAcc (its object key as the drag's text, as the tree's rows carry it) becomes the
+// matching account when it is an account of the chart that is no class (GroupFlag 0) and
+// the box is shown; the box then shows the account's number, a blank and its Preview.
 #pragma once
 
 #include "accounts/account_plan_editor.h"
@@ -57,6 +60,10 @@ private:
     void roleChanged(QTreeWidgetItem* item);
     void pickNewAccount();
     void cleanNewAccount();
+    // Whether a drag carrying `key` may be dropped on txtNewAcc; the dragged record is
+    // returned in `dragged`.
+    bool acceptsDrop(const QString& key, OrvoObjectUIOPtr* dragged) const;
+    bool dropNewAccount(const QString& key);
     bool showNewAccount() const;
     // The closing question; true when the user closes without saving.
     bool askClose();
@@ -86,6 +93,8 @@ private:
     bool filling_ = false;
     // Set while the form closes its own window after asking.
     bool closing_ = false;
+    // The key of the drag over txtNewAcc, once it was found acceptable.
+    QString dropKey_;
 };
 
 } // namespace orvo::accounts_forms

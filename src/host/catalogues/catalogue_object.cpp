@@ -8,6 +8,7 @@
 #include "frame/orvo_objects_service.h"
 #include "frame/orvo_s.h"
 #include "frame/orvo_services.h"
+#include "host/catalogues/catalogue_editor_fields.h"
 #include "host/catalogues/catalogue_kinds.h"
 #include "host/sum_by_words.h"
 
@@ -48,6 +49,31 @@ ValueResult CatalogueObject::showRates(const QString& code) {
     form->SetOrvoObjectUIO(currency);
     form->Show(true);
     return ValueResult::Of(Value(true));
+}
+
+std::optional<ValueResult> CatalogueObject::OwnProperty(const QString& name,
+                                                        const QString& parameters) {
+    if (name == QLatin1String("GetObjectForm"))
+        return objectForm(parameters);
+    return std::nullopt;
+}
+
+ValueResult CatalogueObject::objectForm(const QString& parameters) {
+    const QString formName = CatalogueFormNameOf(OID().left(8));
+    const OrvoServicesPtr services = OrvoS();
+    const FormsPtr forms = services ? services->FormsService() : nullptr;
+    const OrvoFormPtr form = forms && !formName.isEmpty() ? forms->CreateForm(formName) : nullptr;
+    if (!form)
+        return PropertiesConvention::Refuse(
+            codes::Refused,
+            QStringLiteral("Langas „%1“ neprieinamas: veiksmo atlikti negalima.")
+                .arg(formName.isEmpty() ? OID().left(8) : formName));
+    form->SetOrvoObjectUIO(shared_from_this());
+    // GroupID;ClickedParameters: a catalogue record belongs to no group.
+    QString clicked = parameters.section(QLatin1Char(';'), 1);
+    clicked.replace(QStringLiteral("@|@"), QStringLiteral(";"));
+    form->SetClickedParameters(clicked);
+    return ValueResult::Of(Value(std::static_pointer_cast<ObjectBase>(form)));
 }
 
 ValueResult CatalogueObject::Methods(const QString& name, const ValueArray& parameters) {

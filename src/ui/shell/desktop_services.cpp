@@ -4,6 +4,9 @@
 #include "host/session/host_objects_service.h"
 #include "host/session/host_session.h"
 #include "host/session/host_shell_service.h"
+#include "ui/shell/period_dialog.h"
+
+#include <QPointer>
 
 namespace orvo::ui {
 
@@ -42,6 +45,13 @@ DesktopServices DesktopServices::Install(host::HostSession& session, QWidget* wi
                 box ? box->InputBox(SelectionPrompt(), MessageTitle()) : std::nullopt;
             return ValueResult::Of(Value(text.value_or(QString()).trimmed()));
         });
+    QPointer<QWidget> parent = window;
+    s.Period = std::make_shared<PeriodService>(
+        services->SettingsService(), [parent, messages](const ViewPeriod& current) {
+            return PeriodDialog::Ask(parent, current, messages.lock());
+        });
+    if (const auto shell = session.Shell())
+        PeriodService::Connect(s.Period, *shell);
     if (const auto objects = session.ObjectsService()) {
         objects->OnShowObject = [messages](const QString& oidr) {
             if (const auto box = messages.lock())

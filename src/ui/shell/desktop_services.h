@@ -12,6 +12,7 @@
 #include "ui/services/qt_pickers.h"
 #include "ui/services/qt_print_preview.h"
 #include "ui/shell/desktop_forms.h"
+#include "ui/shell/period_service.h"
 #include "ui/shell/qt_desktop_service.h"
 
 #include <memory>
@@ -32,6 +33,8 @@ struct DesktopServices {
     std::shared_ptr<QtPrintPreview> PrintPreview;
     std::shared_ptr<DeskTopForms> Forms;
     std::shared_ptr<QtDeskTopService> DeskTopService;
+    // The view period; its OnChanged is the main window's to set.
+    std::shared_ptr<PeriodService> Period;
 
     // The prompt of the selection dialog.
     static QString SelectionPrompt();

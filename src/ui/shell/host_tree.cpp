@@ -6,6 +6,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
+#include <QSet>
 #include <QRegularExpression>
 #include <QTreeWidgetItemIterator>
 
@@ -18,6 +20,11 @@ const QString kMoreText = QStringLiteral("Daugiau įrašų...");
 // How many first rows are compared to tell a list that repeats its parent's.
 constexpr int kCompared = 5;
 
+// Only rows are dragged out; roots, nodes and the "more" row stay where they are.
+void keepInPlace(QTreeWidgetItem* item) {
+    item->setFlags(item->flags() & ~Qt::ItemIsDragEnabled & ~Qt::ItemIsDropEnabled);
+}
+
 } // namespace
 
 HostTree::HostTree(OrvoObjectsServicePtr objects, QWidget* parent)
@@ -29,6 +36,9 @@ HostTree::HostTree(OrvoObjectsServicePtr objects, QWidget* parent)
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setContextMenuPolicy(Qt::DefaultContextMenu);
+    setDragEnabled(true);
+    setDragDropMode(QAbstractItemView::DragOnly);
+    setDefaultDropAction(Qt::CopyAction);
     connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { Open(item); });
     connect(this, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem* item, int) { Activate(item); });
@@ -54,6 +64,7 @@ void HostTree::Build(const PlainLayout& layout) {
         if (row.Operation == QLatin1String("AddLayout")) {
             auto* root = new QTreeWidgetItem(this, {a.value(2)});
             root->setData(0, KindRole, int(ItemKind::Root));
+            keepInPlace(root);
             root->setData(0, OidRole, a.value(1));
             root->setIcon(0, icons_.ForKey(a.value(1)));
             byCode.insert(a.value(1), root);
@@ -64,6 +75,7 @@ void HostTree::Build(const PlainLayout& layout) {
             auto* node = new QTreeWidgetItem(parent, {a.value(2)});
             node->setData(0, KindRole, int(ItemKind::Node));
             node->setData(0, OidRole, a.value(1));
+            keepInPlace(node);
             node->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicator);
             byCode.insert(a.value(1), node);
         } else if (row.Operation == QLatin1String("SetObject")) {
@@ -83,6 +95,12 @@ void HostTree::Build(const PlainLayout& layout) {
             if (icons_.PictureOf(iconKey).isEmpty() && navigator)
                 icon = rowIcon(navigator, QStringLiteral("C"));
             node->setIcon(0, icon.isNull() ? icons_.ForKey(iconKey) : icon);
+        } else if (row.Operation == QLatin1String("SetAction")) {
+            QTreeWidgetItem* node = byCode.value(a.value(0));
+            if (!node || KindOf(node) != ItemKind::Node)
+                continue;
+            node->setData(0, ActionRole, a.value(1));
+            node->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicator);
         }
     }
     for (int i = 0; i < topLevelItemCount(); ++i)
@@ -118,6 +136,73 @@ OrvoObjectUIPtr HostTree::NavigatorFor(const QTreeWidgetItem* item) {
 
 QString HostTree::listOid(const QTreeWidgetItem* item) const {
     return item->data(0, OidRole).toString();
+}
+
+bool HostTree::isDated(const QTreeWidgetItem* list) const {
+    return !period_.IsOpen() &&
+           ViewPeriod::DatedKinds().contains(list->data(0, NavigatorRole).toString());
+}
+
+void HostTree::SetPeriod(const ViewPeriod& period) {
+    if (period == period_)
+        return;
+    period_ = period;
+    const auto datedAndRead = [](const QTreeWidgetItem* item) {
+        return item->data(0, LoadedRole).toBool() &&
+               ViewPeriod::DatedKinds().contains(item->data(0, NavigatorRole).toString());
+    };
+    QList<QTreeWidgetItem*> outermost;
+    QSet<QString> expanded;
+    for (QTreeWidgetItemIterator it(this); *it; ++it) {
+        if ((*it)->isExpanded())
+            expanded.insert((*it)->data(0, OidRole).toString());
+        if (!datedAndRead(*it))
+            continue;
+        bool inside = false;
+        for (const QTreeWidgetItem* up = (*it)->parent(); up && !inside; up = up->parent())
+            inside = datedAndRead(up);
+        if (!inside)
+            outermost.append(*it);
+    }
+    for (QTreeWidgetItem* list : std::as_const(outermost))
+        rereadDated(list);
+    // Rows kept through the new reading open as they were.
+    for (QTreeWidgetItemIterator it(this); *it; ++it)
+        if ((*it)->data(0, LoadedRole).toBool() &&
+            expanded.contains((*it)->data(0, OidRole).toString()))
+            (*it)->setExpanded(true);
+}
+
+void HostTree::rereadDated(QTreeWidgetItem* list) {
+    // The rows opened inside the list are kept with what they show, so that a new period
+    // does not fold the tree up; the other rows are read afresh.
+    const QList<QTreeWidgetItem*> old = list->takeChildren();
+    QHash<QString, QTreeWidgetItem*> opened;
+    for (QTreeWidgetItem* child : old)
+        if (KindOf(child) == ItemKind::Row && child->data(0, LoadedRole).toBool())
+            opened.insert(listOid(child), child);
+    pending_.remove(list);
+    list->setData(0, LoadedRole, false);
+    list->setData(0, CriteriaRole, QVariant());
+    Open(list);
+    QSet<QTreeWidgetItem*> kept;
+    for (int i = 0; i < list->childCount(); ++i) {
+        QTreeWidgetItem* fresh = list->child(i);
+        QTreeWidgetItem* same =
+            KindOf(fresh) == ItemKind::Row ? opened.value(listOid(fresh)) : nullptr;
+        if (!same || kept.contains(same))
+            continue;
+        delete list->takeChild(i);
+        list->insertChild(i, same);
+        kept.insert(same);
+        if (ViewPeriod::DatedKinds().contains(same->data(0, NavigatorRole).toString()))
+            rereadDated(same);
+    }
+    for (QTreeWidgetItem* child : old)
+        if (!kept.contains(child)) {
+            clearChildren(child);
+            delete child;
+        }
 }
 
 QString HostTree::groupIdOf(const QTreeWidgetItem* item) const {
@@ -194,6 +279,7 @@ void HostTree::appendRows(QTreeWidgetItem* parent, const QList<RowData>& rows) {
 void HostTree::addMoreRow(QTreeWidgetItem* parent, int nextPosition) {
     auto* more = new QTreeWidgetItem(parent, {kMoreText});
     more->setData(0, KindRole, int(ItemKind::More));
+    keepInPlace(more);
     more->setData(0, OidRole, nextPosition);
     QFont font = more->font(0);
     font.setItalic(true);
@@ -216,8 +302,11 @@ void HostTree::loadPage(QTreeWidgetItem* parent, int from) {
     const OrvoObjectUIPtr navigator = NavigatorFor(parent);
     if (!navigator)
         return;
-    const RecordsetPtr rs = navigator->GetOrvoObjectList(listOid(parent), QString::number(from),
-                                                         QString::number(from + pageSize_ - 1));
+    const int to = from + pageSize_ - 1;
+    const bool dated = isDated(parent);
+    const RecordsetPtr rs = navigator->GetOrvoObjectList(
+        listOid(parent), dated ? period_.ListFrom(from) : QString::number(from),
+        dated ? period_.ListTo(to) : QString::number(to));
     QList<RowData> rows = rowsOf(rs);
     if (rows.isEmpty())
         return;
@@ -273,7 +362,7 @@ void HostTree::Open(QTreeWidgetItem* item) {
     const ItemKind kind = KindOf(item);
     if (!item || (kind != ItemKind::Node && kind != ItemKind::Row))
         return;
-    if (item->data(0, LoadedRole).toBool())
+    if (item->data(0, LoadedRole).toBool() || !item->data(0, ActionRole).toString().isEmpty())
         return;
     item->setData(0, LoadedRole, true);
     loadPage(item, 1);
@@ -290,7 +379,7 @@ void HostTree::Reload(QTreeWidgetItem* item) {
     item->setData(0, LoadedRole, false);
     item->setData(0, CriteriaRole, QVariant());
     item->setToolTip(0, KindOf(item) == ItemKind::Row ? listOid(item) : QString());
-    if (NavigatorFor(item))
+    if (NavigatorFor(item) && item->data(0, ActionRole).toString().isEmpty())
         item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
     Open(item);
     if (wasCurrentInside && !currentItem())
@@ -317,8 +406,17 @@ MenuItems HostTree::MenuFor(QTreeWidgetItem* item) {
     const OrvoObjectUIPtr navigator = NavigatorFor(item);
     if (!navigator)
         return {};
-    if (kind == ItemKind::Node)
-        return navigator->GetMenu(listOid(item), QString(), QString());
+    if (kind == ItemKind::Node) {
+        const MenuItems menu = navigator->GetMenu(listOid(item), QString(), QString());
+        const QString action = item->data(0, ActionRole).toString();
+        if (action.isEmpty())
+            return menu;
+        MenuItems own;
+        for (const MenuItem& entry : menu)
+            if (entry.Caption == action)
+                own.append(entry);
+        return own;
+    }
     return navigator->GetMenu(listOid(item), item->data(0, OTypeRole).toString(), groupIdOf(item));
 }
 
@@ -404,8 +502,18 @@ void HostTree::Activate(QTreeWidgetItem* item) {
     case ItemKind::More:
         LoadMore(item);
         return;
-    case ItemKind::Root:
     case ItemKind::Node:
+        if (const QString action = item->data(0, ActionRole).toString(); !action.isEmpty()) {
+            // Only when the navigator offers the entry to this user.
+            for (const MenuItem& entry : MenuFor(item))
+                if (entry.Caption == action) {
+                    Click(item, entry.Caption, entry.Key);
+                    return;
+                }
+            return;
+        }
+        [[fallthrough]];
+    case ItemKind::Root:
         if (item)
             item->setExpanded(!item->isExpanded());
         return;
@@ -459,6 +567,21 @@ void HostTree::contextMenuEvent(QContextMenuEvent* event) {
                           ? viewport()->mapToGlobal(visualItemRect(item).bottomLeft())
                           : event->globalPos();
     showMenu(item, at);
+}
+
+QStringList HostTree::mimeTypes() const {
+    return {QStringLiteral("text/plain")};
+}
+
+QMimeData* HostTree::mimeData(const QList<QTreeWidgetItem*>& items) const {
+    for (const QTreeWidgetItem* item : items) {
+        if (KindOf(item) != ItemKind::Row)
+            continue;
+        auto* data = new QMimeData;
+        data->setText(item->data(0, OidRole).toString());
+        return data;
+    }
+    return nullptr;
 }
 
 void HostTree::keyPressEvent(QKeyEvent* event) {

@@ -14,6 +14,14 @@
 // a click deleted leaves the list. Enter acts as a double click (the row's own click:
 // ClickMenu with no caption; a node opens or closes), the Menu key or Shift+F10 opens
 // the context menu, F5 reads a list again.
+//
+// The lists of the dated kinds (ViewPeriod::DatedKinds: a group's operations) are read
+// within the view period set by SetPeriod, still a screen at a time: their navigator gets
+// "yyyy.MM.dd;position" in From and To (see ViewPeriod). A node given an action by its
+// layout ("SetAction" NodeCode, Caption) lists nothing: Enter and a double click click
+// that entry of its navigator's menu, and its menu offers only that entry. Rows can be
+// dragged out, carrying their object key as the drag's text, for the windows that take a
+// dropped object; the tree itself takes no drop.
 #pragma once
 
 #include "core/recordset.h"
@@ -23,6 +31,7 @@
 #include "frame/orvo_objects_service.h"
 #include "frame/plain_layout.h"
 #include "ui/shell/icon_library.h"
+#include "ui/shell/view_period.h"
 
 #include <QHash>
 #include <QTreeWidget>
@@ -44,6 +53,7 @@ public:
         NavigatorRole, // the code of the navigator that answers for the item
         LoadedRole,    // whether the children were read
         CriteriaRole,  // the text the list was narrowed by
+        ActionRole,    // the menu caption a node's activation clicks
     };
 
     explicit HostTree(OrvoObjectsServicePtr objects, QWidget* parent = nullptr);
@@ -55,6 +65,11 @@ public:
     // How many rows one screen holds (100 unless set).
     void SetPageSize(int rows) { pageSize_ = qMax(1, rows); }
     int PageSize() const { return pageSize_; }
+
+    // The period the dated lists are read in; the opened ones are read again when it
+    // changes.
+    void SetPeriod(const ViewPeriod& period);
+    const ViewPeriod& Period() const { return period_; }
 
     // The top node whose caption is `title`, or null.
     QTreeWidgetItem* NodeByTitle(const QString& title) const;
@@ -90,6 +105,8 @@ public:
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QStringList mimeTypes() const override;
+    QMimeData* mimeData(const QList<QTreeWidgetItem*>& items) const override;
 
 private:
     struct RowData {
@@ -106,6 +123,8 @@ private:
     void loadPage(QTreeWidgetItem* parent, int from);
     QIcon rowIcon(const OrvoObjectUIPtr& navigator, const QString& oType) const;
     QString listOid(const QTreeWidgetItem* item) const;
+    bool isDated(const QTreeWidgetItem* list) const;
+    void rereadDated(QTreeWidgetItem* list);
     QString groupIdOf(const QTreeWidgetItem* item) const;
     static QList<RowData> rowsOf(const RecordsetPtr& rs);
     static QString navigatorCodeOfNode(const QString& objectText);
@@ -116,6 +135,7 @@ private:
     // Rows already read but not yet shown, for navigators that answer with a whole list.
     QHash<QTreeWidgetItem*, QList<RowData>> pending_;
     int pageSize_ = 100;
+    ViewPeriod period_;
 };
 
 } // namespace orvo::ui

@@ -5,6 +5,7 @@
 #include "frame/orvo_object_uio.h"
 #include "host/session/host_session.h"
 #include "ui/shell/desk_top.h"
+#include "ui/shell/host_layout.h"
 #include "ui/shell/host_tree.h"
 
 #include <QApplication>
@@ -41,7 +42,14 @@ MainWindow::MainWindow(host::HostSession& session, QWidget* parent)
         services_.DeskTopService->OnRefresh = [this](const QString& oidr, const QString& parent) {
             tree_->RefreshObject(oidr, parent);
         };
+    if (services_.Period) {
+        services_.Period->OnChanged = [this](const ViewPeriod& period) {
+            tree_->SetPeriod(period);
+        };
+        tree_->SetPeriod(services_.Period->Current());
+    }
     registration_ = DLLHeader().DllInicialize(layout_);
+    HostLayout::Fill(layout_);
     tree_->Build(layout_);
 
     auto* where = new QLabel(QStringLiteral("Knyga: %1   Naudotojas: %2")

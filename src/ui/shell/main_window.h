@@ -1,8 +1,9 @@
 // MainWindow is the desktop application's one main window, titled with the session's
 // title: the host's tree on the left (HostTree, built from the component's
-// DllInicialize) and the desktop of open forms on the right (DeskTop). Making it puts
-// the desktop's services into the session. Ctrl+1 goes to the tree, Ctrl+2 to the
-// desktop, so the window can be worked without a mouse.
+// DllInicialize followed by the host's own branch, HostLayout) and the desktop of open
+// forms on the right (DeskTop). Making it puts the desktop's services into the session;
+// the tree's dated lists follow the user's view period. Ctrl+1 goes to the tree, Ctrl+2
+// to the desktop, so the window can be worked without a mouse.
 #pragma once
 
 #include "frame/plain_layout.h"
