@@ -65,9 +65,8 @@ ValueResult CatalogueObject::objectForm(const QString& parameters) {
     const OrvoFormPtr form = forms && !formName.isEmpty() ? forms->CreateForm(formName) : nullptr;
     if (!form)
         return PropertiesConvention::Refuse(
-            codes::Refused,
-            QStringLiteral("Langas „%1“ neprieinamas: veiksmo atlikti negalima.")
-                .arg(formName.isEmpty() ? OID().left(8) : formName));
+            codes::Refused, QStringLiteral("Langas „%1“ neprieinamas: veiksmo atlikti negalima.")
+                                .arg(formName.isEmpty() ? OID().left(8) : formName));
     form->SetOrvoObjectUIO(shared_from_this());
     // GroupID;ClickedParameters: a catalogue record belongs to no group.
     QString clicked = parameters.section(QLatin1Char(';'), 1);

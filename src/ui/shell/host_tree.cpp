@@ -7,8 +7,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
-#include <QSet>
 #include <QRegularExpression>
+#include <QSet>
 #include <QTreeWidgetItemIterator>
 
 namespace orvo::ui {

@@ -52,8 +52,8 @@ std::optional<ViewPeriod> PeriodDialog::Ask(QWidget* parent, const ViewPeriod& c
     dialog.setWindowTitle(Title());
     auto* column = new QVBoxLayout(&dialog);
     auto* grid = new QGridLayout;
-    const Side from = makeSide(dialog, *grid, 0, QStringLiteral("Nuo:"), "chkFrom", "dtpFrom",
-                               current.From);
+    const Side from =
+        makeSide(dialog, *grid, 0, QStringLiteral("Nuo:"), "chkFrom", "dtpFrom", current.From);
     const Side to =
         makeSide(dialog, *grid, 1, QStringLiteral("Iki:"), "chkTo", "dtpTo", current.To);
     column->addLayout(grid);

@@ -26,8 +26,7 @@ ValueResult PeriodService::GetNewPeriod() {
     if (!settings_)
         return ValueResult::Failure(codes::Refused,
                                     QStringLiteral("Nustatymų išsaugoti negalima."));
-    settings_->SaveSetting(ViewPeriod::SettingsSection(), ViewPeriod::SettingsKey(),
-                           asked->Text());
+    settings_->SaveSetting(ViewPeriod::SettingsSection(), ViewPeriod::SettingsKey(), asked->Text());
     if (OnChanged)
         OnChanged(*asked);
     return ValueResult::Of(Value(asked->Text()));
