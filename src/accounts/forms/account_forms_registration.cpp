@@ -2,6 +2,8 @@
 
 #include "accounts/forms/account_plan_form.h"
 #include "accounts/forms/account_plan_report_form.h"
+#include "accounts/forms/document_parameters_form.h"
+#include "accounts/forms/group_form.h"
 #include "accounts/forms/template_entry_form.h"
 #include "accounts/forms/template_form.h"
 #include "accounts/forms/template_report_form.h"
@@ -24,6 +26,10 @@ void RegisterAccountForms(FormRegistry& registry) {
                       []() { return std::make_shared<FrmBROperTemplateSelect>(); });
     registry.Register(QStringLiteral("ActRepTemplates"),
                       []() { return std::make_shared<ActRepTemplates>(); });
+    registry.Register(QStringLiteral("frmBROperGroup"),
+                      []() { return std::make_shared<FrmBROperGroup>(); });
+    registry.Register(QStringLiteral("frmDocumentParameters"),
+                      []() { return std::make_shared<FrmDocumentParameters>(); });
 }
 
 } // namespace orvo
