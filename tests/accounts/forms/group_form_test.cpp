@@ -9,6 +9,8 @@
 #include "accounts/forms/group_form.h"
 #include "accounts/group_navigator.h"
 #include "accounts/group_registration.h"
+#include "frame/orvo_object_ui.h"
+#include "frame/orvo_objects_service.h"
 #include "ui/automation/form_driver.h"
 
 #include <QAction>
@@ -470,6 +472,36 @@ TEST_F(GroupFormTest, AStoredContractGroupShowsItsTemplatesInTheParametersWindow
     Boxes();
     form->Write();
     EXPECT_TRUE(Texts().isEmpty());
+}
+
+TEST_F(GroupFormTest, TheNavigatorsNewGroupMenuOpensThisWindowUnderTheGroupClicked) {
+    const QString parentId = GroupId(QStringLiteral("Pardavimai"));
+    const auto navigator =
+        session_->Services()->ObjectsService()->GetObjectUI(QStringLiteral("O0201400"));
+    ASSERT_TRUE(navigator);
+    const ClickResult click = navigator->ClickMenu(QStringLiteral("O0201400") + parentId, QString(),
+                                                   QStringLiteral("Naują bendra grupė"), QString());
+    ASSERT_EQ(click.Action, ClickResult::ShowForm);
+    const auto form = std::dynamic_pointer_cast<FrmBROperGroup>(click.Payload.toObject());
+    ASSERT_TRUE(form);
+    window_->Desk()->Present(form);
+    QApplication::processEvents();
+    QWidget* w = form->Widget();
+    EXPECT_EQ(Control<QLabel>(w, QStringLiteral("lblTitle"))->text(),
+              QStringLiteral(" Nauja bendra grupė"));
+    EXPECT_EQ(Control<QLineEdit>(w, QStringLiteral("txtParentGroup"))->text(),
+              QStringLiteral("Pardavimai"));
+    ui::FormDriver driver(*w);
+    ASSERT_TRUE(driver.SetText(QStringLiteral("txtName"), QStringLiteral("Padaliniai")).ok());
+    ASSERT_TRUE(driver.Click(QStringLiteral("cmdWrite")).ok());
+    EXPECT_EQ(Scalar(QStringLiteral("SELECT ParentID FROM BROperGroups WHERE Name = ?"),
+                     {Value("Padaliniai")}),
+              parentId);
+    EXPECT_EQ(Scalar(QStringLiteral("SELECT GroupFlag FROM BROperGroups WHERE Name = ?"),
+                     {Value("Padaliniai")}),
+              QStringLiteral("1"));
+    EXPECT_EQ(Control<QLabel>(w, QStringLiteral("lblTitle"))->text(),
+              QStringLiteral(" Bendra grupė"));
 }
 
 } // namespace
