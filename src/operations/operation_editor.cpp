@@ -12,6 +12,7 @@
 #include "frame/orvo_services.h"
 #include "frame/orvo_shell_service.h"
 #include "frame/pickers.h"
+#include "operations/entry_month_copy.h"
 #include "operations/form_access.h"
 
 namespace orvo {
@@ -413,59 +414,12 @@ bool OperationEditor::CopyEntry(const QString& guid) {
 }
 
 bool OperationEditor::CopyEntryByMonths(const QString& guid, const CopyByMonthsChoice& choice) {
-    const RecordsetPtr br = entries();
-    if (!br || choice.Months <= 0 ||
-        !Catalogue::TryFilter(br, QStringLiteral("GUID = '") + guid + QStringLiteral("'")))
-        return false;
-    const QDate date = NzDate(br->Field(QStringLiteral("DateD")), Date);
-    const QString accountD = NzString(br->Field(QStringLiteral("AccountD")));
-    const QString accountC = NzString(br->Field(QStringLiteral("AccountC")));
-    const QString info = NzString(br->Field(QStringLiteral("Info")));
-    ValueArray triples;
-    if (const RecordsetPtr props = br->Field(QStringLiteral("BRProperties")).toRecordset())
-        for (props->MoveFirst(); !props->Eof(); props->MoveNext())
-            triples << Value(NzInt(props->Field(QStringLiteral("Sign"))))
-                    << Value(NzString(props->Field(QStringLiteral("FOIDR"))))
-                    << Value(NzString(props->Field(QStringLiteral("ShowString"))));
-
-    const double monthSum =
-        choice.PeriodSum ? Round(choice.Sum / choice.Months + 0.00001, 2) : choice.Sum;
-    QDate current;
-    if (choice.LastDay) {
-        current = LastOfMonth(date);
-    } else {
-        // The entry's year and month with the pointed day; a day the month lacks falls
-        // on its last day.
-        const QDate first(date.year(), date.month(), 1);
-        current = QDate(date.year(), date.month(), qMin(choice.Day, first.daysInMonth()));
-    }
-    br->SetField(QStringLiteral("SumA"), Value(monthSum));
-    br->SetField(QStringLiteral("DateD"), Value(current));
-    br->Update();
-    br->SetFilter(QString());
+    const bool copied = EntryMonthCopy(op_).Run(guid, choice);
+    // Even a copy stopped half-way has changed the entry and made months: they are shown,
+    // and the operation waits to be saved or cancelled.
     markChanged();
-
-    bool ok = true;
-    for (int month = 2; month <= choice.Months; ++month) {
-        current = AddMonths(current, 1);
-        if (choice.LastDay)
-            current = LastOfMonth(current);
-        double sum = monthSum;
-        if (choice.PeriodSum && month == choice.Months)
-            sum = Round(choice.Sum - monthSum * (choice.Months - 1) + 0.00001, 2);
-        const ValueResult added = op_->Methods(
-            QStringLiteral("AddBR"),
-            {Value(accountD), Value(accountC), Value(sum), Value(triples), Value(qint16(0)),
-             Value(QStringLiteral("   ")), Value(0.0), Value(0.0), Value(QStringLiteral("   ")),
-             Value(0.0), Value(choice.WithComment ? info : QString()), Value(QString()),
-             Value(DateParam(current))});
-        if (!added.ok()) {
-            ok = false;
-            break;
-        }
-    }
     PaintEntries();
-    return ok;
+    return copied;
 }
 
 bool OperationEditor::DeleteEntries(const QStringList& guids) {

@@ -6,6 +6,7 @@
 #include "test_forms.h"
 
 #include "core/null_readers.h"
+#include "core/rounding.h"
 #include "operations/operation_editor.h"
 
 using namespace orvo;
@@ -215,6 +216,44 @@ TEST_F(OperationEditorTest, PeriodSumSpreadOverMonthsKeepsTheTotalExactInTheLast
     EXPECT_EQ(dates, QList<QDate>({QDate(2024, 1, 31), QDate(2024, 2, 29), QDate(2024, 3, 31)}));
     EXPECT_EQ(sums, QList<double>({33.33, 33.33, 33.34}));
     EXPECT_EQ(infos, QStringList({"Nuoma", "Nuoma", "Nuoma"}));
+}
+
+TEST_F(OperationEditorTest,
+       CurrencyEntrySpreadOverMonthsSpreadsItsCurrencyAndKeepsEachMonthAtItsRate) {
+    // 100.00 USD at 0.92 on the debit side: 92.00 EUR.
+    const QString guid = addEntry({"6110", "4430", 100.0, ValueArray{}, qint16(1), "USD", 0.92, 0.0,
+                                   "   ", 0.0, "Nuoma", "", "2024.01.10"});
+    OperationEditor editor(op);
+    editor.Load(false);
+    CopyByMonthsChoice choice;
+    choice.Months = 3;
+    choice.Sum = 92.0;
+    choice.PeriodSum = true;
+    choice.LastDay = true;
+    ASSERT_TRUE(editor.CopyEntryByMonths(guid, choice));
+    QList<double> sums;
+    QList<double> currencySums;
+    QStringList codes;
+    const RecordsetPtr br = Entries();
+    for (br->MoveFirst(); !br->Eof(); br->MoveNext()) {
+        sums.append(br->Field("SumA").toDouble());
+        const RecordsetPtr currency = br->Field("BRCurrency").toRecordset();
+        ASSERT_TRUE(currency);
+        ASSERT_EQ(currency->RecordCount(), 1);
+        currency->MoveFirst();
+        codes.append(currency->Field("FCurrencyCode").toString());
+        currencySums.append(currency->Field("SumCurr").toDouble());
+        // Every month's base sum is its currency amount at the entry's rate.
+        EXPECT_DOUBLE_EQ(
+            Round(currency->Field("SumCurr").toDouble() * currency->Field("RateCurr").toDouble() +
+                      0.00001,
+                  2),
+            br->Field("SumA").toDouble());
+    }
+    EXPECT_EQ(codes, QStringList({"USD", "USD", "USD"}));
+    // The dollars are spread exactly; the last month takes the rest.
+    EXPECT_EQ(currencySums, QList<double>({33.33, 33.33, 33.34}));
+    EXPECT_EQ(sums, QList<double>({30.66, 30.66, 30.67}));
 }
 
 TEST_F(OperationEditorTest, CancelledFreeEntryIsRemovedAndAWrittenOneAsksForTheWrite) {

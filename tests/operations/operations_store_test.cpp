@@ -133,6 +133,17 @@ TEST_P(OperationsStoreTest, DocumentKindSharesTheTablesAndKeepsTheOperationRefer
     EXPECT_EQ(again->Field(QStringLiteral("FOIDR")).toString(), QStringLiteral("O0201504"));
 }
 
+TEST_P(OperationsStoreTest, OperationWithoutADocumentIsStoredUnderItsOwnKindAndOpensAgain) {
+    OrvoObjectUIOPtr op = BuildOperation(1);
+    ASSERT_TRUE(op);
+    EXPECT_TRUE(op->Field(QStringLiteral("FOIDR")).toString().isEmpty());
+    ASSERT_TRUE(op->Save().ok());
+    OrvoObjectUIOPtr again = Object(op->OIDR());
+    ASSERT_TRUE(again);
+    // Its kind chooses the operation editor; without it the record would read as deleted.
+    EXPECT_EQ(again->Field(QStringLiteral("FOIDR")).toString(), QStringLiteral("O0201500"));
+}
+
 TEST_P(OperationsStoreTest, SaveFromACopyReadBeforeAnotherUsersSaveIsRefusedAndOverwritesNothing) {
     OrvoObjectUIOPtr op = BuildOperation(2);
     ASSERT_TRUE(op->Save().ok());

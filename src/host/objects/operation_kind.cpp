@@ -175,6 +175,13 @@ void fillBeforeWrite(Recordset& rs, int row) {
     const int otype = rs.FieldIndex(QStringLiteral("OType"));
     if (otype >= 0 && rs.ValueAt(row, otype).toString().trimmed().isEmpty())
         rs.SetValueAt(row, otype, kinds::Operation);
+    // An operation with no document behind it stands for itself: its own kind is what
+    // chooses its editor when it is opened again, and a stored operation without it
+    // would read as deleted.
+    const int foidr = rs.FieldIndex(QStringLiteral("FOIDR"));
+    if (foidr >= 0 && rs.ValueAt(row, foidr).toString().trimmed().isEmpty())
+        rs.SetValueAt(row, foidr,
+                      otype >= 0 ? rs.ValueAt(row, otype).toString().left(8) : kinds::Operation);
     const Value operationDate = at(rs, row, "DateD");
     const RecordsetPtr br = nestedAt(rs, row, kBR);
     forLiveRows(br, [&](int i) {
