@@ -52,6 +52,19 @@ protected:
         return Open<FrmBROperGroup>(QStringLiteral("frmBROperGroup"), object);
     }
 
+    // A new group's window named "Sutartys" with the contract document form type chosen.
+    std::shared_ptr<FrmBROperGroup> NewContractGroup() {
+        const auto form = OpenNew(false);
+        if (!form)
+            return nullptr;
+        ui::FormDriver driver(*form->Widget());
+        EXPECT_TRUE(driver.SetText(QStringLiteral("txtName"), QStringLiteral("Sutartys")).ok());
+        EXPECT_TRUE(
+            driver.ChooseItem(QStringLiteral("cmbFormType"), QStringLiteral("Sutarties dokumentas"))
+                .ok());
+        return form;
+    }
+
     QStringList Texts() {
         QStringList out;
         for (const ui::ShownMessage& m : Boxes())
@@ -148,14 +161,10 @@ TEST_F(GroupFormTest, TheTabsAndBoxesFollowTheChosenFormType) {
 }
 
 TEST_F(GroupFormTest, ChoosingO1000100WithoutATemplateCannotBeSaved) {
-    const auto form = OpenNew(false);
+    const auto form = NewContractGroup();
     ASSERT_TRUE(form);
     QWidget* w = form->Widget();
     ui::FormDriver driver(*w);
-    ASSERT_TRUE(driver.SetText(QStringLiteral("txtName"), QStringLiteral("Sutartys")).ok());
-    ASSERT_TRUE(
-        driver.ChooseItem(QStringLiteral("cmbFormType"), QStringLiteral("Sutarties dokumentas"))
-            .ok());
     Boxes();
     ASSERT_TRUE(driver.Click(QStringLiteral("cmdWrite")).ok());
     const QList<ui::ShownMessage> shown = Boxes();
@@ -381,14 +390,10 @@ TEST_F(GroupFormTest, TabMovesFromTheNameToTheFormType) {
 }
 
 TEST_F(GroupFormTest, TheDocumentParametersWindowWritesThePairsAndTheDocumentType) {
-    const auto form = OpenNew(false);
+    const auto form = NewContractGroup();
     ASSERT_TRUE(form);
     QWidget* w = form->Widget();
     ui::FormDriver driver(*w);
-    ASSERT_TRUE(driver.SetText(QStringLiteral("txtName"), QStringLiteral("Sutartys")).ok());
-    ASSERT_TRUE(
-        driver.ChooseItem(QStringLiteral("cmbFormType"), QStringLiteral("Sutarties dokumentas"))
-            .ok());
     QStringList types;
     QStringList rows;
     AnswerBoxes(QStringLiteral("cmdOK"), [&](QDialog& dialog) {
