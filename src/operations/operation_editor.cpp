@@ -462,6 +462,12 @@ bool OperationEditor::ChangeDate(const QDate& date) {
     return true;
 }
 
+bool OperationEditor::deletedMeanwhile() const {
+    const OrvoServicesPtr services = OrvoS();
+    const OrvoObjectsServicePtr objects = services ? services->ObjectsService() : nullptr;
+    return objects && !objects->GetObjectUIO(op_->OIDR());
+}
+
 bool OperationEditor::Write() {
     CommentCut = false;
     if (GroupRef.size() > 8)
@@ -482,6 +488,12 @@ bool OperationEditor::Write() {
     op_->Methods(QStringLiteral("CreateProtocol"), {});
     const ResultRecord saved = op_->Save();
     if (!saved.ok()) {
+        // Someone else deleted the stored operation meanwhile: that is all there is to
+        // say, and nothing is written back.
+        if (!IsNew() && deletedMeanwhile()) {
+            ShowError(QStringLiteral("Operacija panaikinta !"));
+            return false;
+        }
         ShowError(QStringLiteral("Įrašymas neatliktas !\n\n") + saved.Text);
         return false;
     }

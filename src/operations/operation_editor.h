@@ -174,6 +174,8 @@ private:
     void markChanged() { Changed = true; }
     CardFollowup followupOf(qint16 result) const;
     QString groupId() const;
+    // Whether the stored operation can no longer be read: someone else deleted it.
+    bool deletedMeanwhile() const;
 
     OrvoObjectUIOPtr op_;
     // The group's Parameters: the sort of the next action of a new operation.
