@@ -113,9 +113,17 @@ ResultRecord DebtQuery::FirmAndBranches(Database& db, const QString& addressee, 
     return ResultRecord::Success();
 }
 
-ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows) {
+ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows,
+                                       QVector<int>& uncounted) {
     const QPair<QString, QString> refs = KindRange(kEntryKind);
     const QString addressee = s.Addressee.trimmed();
+    // SQLite takes the tables in the order written around CROSS JOIN: the account's entries
+    // lead for a whole kind, the addressee's rows for one addressee.
+    const QString ordered =
+        db_.Kind() == Backend::SQLite ? QStringLiteral(" CROSS JOIN ") : QStringLiteral(" JOIN ");
+    // What covered the debt, when anything did.
+    const QString kept = QStringLiteral(" LEFT JOIN BROpenItems k ON k.BRID = b.ID AND k.Sign = ") +
+                         QString::number(sign);
     QString from;
     QStringList where;
     ValueArray params;
@@ -129,21 +137,25 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
         } else {
             who = {addressee};
         }
-        from = QStringLiteral("BRProperties p JOIN BR b ON b.ID = p.BRID");
+        from = QStringLiteral("BRProperties p") + ordered +
+               QStringLiteral("BR b ON b.ID = p.BRID") + kept;
         where << QStringLiteral("p.FOIDR IN (") + placeholders(who.size()) + QLatin1Char(')')
               << sideCondition(QStringLiteral("p"), sign);
         for (const QString& w : who)
             params << Value(w);
     } else if (addressee.size() == 8) {
-        // A whole kind: the account's entries with an addressee of that kind on the side.
+        // A whole kind: the account's entries through its index, those closed by the date
+        // left before their addressees are read.
         const QPair<QString, QString> kind = KindRange(addressee);
-        from = QStringLiteral("BR b JOIN BRProperties p ON p.BRID = b.ID AND ") +
+        from = QStringLiteral("BR b") + kept + ordered +
+               QStringLiteral("BRProperties p ON p.BRID = b.ID AND ") +
                sideCondition(QStringLiteral("p"), sign) +
                QStringLiteral(" AND p.FOIDR >= ? AND p.FOIDR < ?");
         params << Value(kind.first) << Value(kind.second);
     } else {
         // Any addressee or none: the first addressee of the side that is no reference.
-        from = QStringLiteral("BR b LEFT JOIN BRProperties p ON p.BRID = b.ID AND ") +
+        from = QStringLiteral("BR b") + kept +
+               QStringLiteral(" LEFT JOIN BRProperties p ON p.BRID = b.ID AND ") +
                sideCondition(QStringLiteral("p"), sign) +
                QStringLiteral(" AND NOT (p.FOIDR >= ? AND p.FOIDR < ?)");
         params << Value(refs.first) << Value(refs.second);
@@ -153,17 +165,25 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
             sideCondition(QStringLiteral("c"), sign);
     where << QStringLiteral("b.") + accountColumn(sign) + QStringLiteral(" = ?")
           << QStringLiteral("b.DateD <= ?")
-          << QStringLiteral("NOT EXISTS (SELECT 1 FROM BRProperties x WHERE x.BRID = b.ID AND ") +
+          // A kept debt is a debt, left when covered to nothing by the date; any other
+          // entry is one unless it refers to an entry on the side.
+          << QStringLiteral("(CASE WHEN k.BRID IS NOT NULL THEN (k.LastCoverDate > ? OR "
+                            "k.RestSum <> 0 OR k.RestSumCurr <> 0) ELSE NOT EXISTS (SELECT 1 "
+                            "FROM BRProperties x WHERE x.BRID = b.ID AND ") +
                  sideCondition(QStringLiteral("x"), sign) +
-                 QStringLiteral(" AND x.FOIDR >= ? AND x.FOIDR < ?)");
-    params << Value(s.Account) << Value(s.Date) << Value(refs.first) << Value(refs.second);
+                 QStringLiteral(" AND x.FOIDR >= ? AND x.FOIDR < ?) END)");
+    params << Value(s.Account) << Value(s.Date) << Value(s.Date) << Value(refs.first)
+           << Value(refs.second);
     const QString full =
         QStringLiteral("SELECT b.ID, b.BROperID, b.DateD, b.SumA, b.AccountD, b.AccountC, b.Info, "
                        "b.CurrencyRate%1, o.Number, o.Comment, p.FOIDR, p.ShowString, "
-                       "c.FCurrencyCode, c.SumCurr, c.RateCurr FROM ")
+                       "c.FCurrencyCode, c.SumCurr, c.RateCurr, k.RestSum, k.RestSumCurr, "
+                       "CASE WHEN k.BRID IS NULL THEN 0 WHEN k.LastCoverDate <= ? THEN 1 ELSE 2 "
+                       "END FROM ")
             .arg(sign == 1 ? QLatin1Char('D') : QLatin1Char('C')) +
         from + QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND ")) +
         QStringLiteral(" ORDER BY b.DateD, b.ID, p.ID");
+    params.prepend(Value(s.Date));
 
     const QueryResult q = db_.Query(full, params);
     if (!q.ok())
@@ -194,17 +214,25 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
         d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : centsAt(q, i, 13);
         d.RateCurr = q.At(i, 14).isNull() ? 0 : q.At(i, 14).toDouble();
         d.Sign = sign;
-        d.RestCents = d.FullCents;
-        d.RestCurrCents = d.FullCurrCents;
+        // Never covered: the whole sums; covered by the date at the latest: the kept
+        // rests; covered also later: counted at the date below.
+        const int covered = q.At(i, 17).toInt32();
+        d.RestCents = covered == 1 ? centsAt(q, i, 15) : d.FullCents;
+        d.RestCurrCents = covered == 1 ? centsAt(q, i, 16) : d.FullCurrCents;
+        if (covered == 2)
+            uncounted << rows.size();
         rows.append(d);
     }
     return ResultRecord::Success();
 }
 
-ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& rows) {
+ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& rows,
+                                    const QVector<int>& uncounted) {
+    if (uncounted.isEmpty())
+        return ResultRecord::Success();
     QHash<QString, int> byReference;
-    byReference.reserve(rows.size());
-    for (int i = 0; i < rows.size(); ++i)
+    byReference.reserve(uncounted.size());
+    for (const int i : uncounted)
         byReference.insert(EntryReference(rows.at(i).EntryId), i);
     auto take = [&](const QueryResult& q) {
         for (int i = 0; i < q.RowCount(); ++i) {
@@ -215,14 +243,14 @@ ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& ro
         }
     };
 
-    if (rows.size() <= referenceLookupLimit_) {
+    if (uncounted.size() <= referenceLookupLimit_) {
         // The referring rows through the FOIDR index; the referring entry counts only when
         // the debt's account stands on the side its reference names.
-        for (int from = 0; from < rows.size(); from += kReferenceBatch) {
-            const int count = std::min(kReferenceBatch, int(rows.size()) - from);
+        for (int from = 0; from < uncounted.size(); from += kReferenceBatch) {
+            const int count = std::min(kReferenceBatch, int(uncounted.size()) - from);
             ValueArray params;
             for (int i = 0; i < count; ++i)
-                params << Value(EntryReference(rows.at(from + i).EntryId));
+                params << Value(EntryReference(rows.at(uncounted.at(from + i)).EntryId));
             params << Value(s.Date) << Value(s.Account) << Value(s.Account);
             const QueryResult q = db_.Query(
                 QStringLiteral("SELECT r.FOIDR, r.Sign, c.SumA, k.SumCurr, k.FCurrencyCode, c.ID "
@@ -266,14 +294,15 @@ DebtList DebtQuery::Open(const DebtSelection& s) {
     if (s.Account.trimmed().isEmpty() || !s.Date.isValid())
         return out;
     QVector<DebtRow> rows;
+    QVector<int> uncounted;
     for (const int sign : {1, -1}) {
         if (s.Sign != 0 && s.Sign != sign)
             continue;
-        const ResultRecord r = readCandidates(s, sign, rows);
+        const ResultRecord r = readCandidates(s, sign, rows, uncounted);
         if (!r.ok())
             return {r.Code, r.Text, {}};
     }
-    const ResultRecord covered = applyCovers(s, rows);
+    const ResultRecord covered = applyCovers(s, rows, uncounted);
     if (!covered.ok())
         return {covered.Code, covered.Text, {}};
     out.Rows.reserve(rows.size());

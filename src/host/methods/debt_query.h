@@ -17,6 +17,11 @@
 // referring entry's currency sum of that side, but only when that side is in the debt's
 // own currency. Only entries dated on or before the asked date count, the debt's own
 // date included. Amounts are summed in exact hundredths.
+//
+// The database keeps each possible debt with its rests after every referring entry and the
+// date from which it stays closed (BROpenItems, see open_items_schema.h), so a list reads
+// only the debts still open at the date and takes their kept rests; only a debt that
+// something refers to after the date has its rest counted from the referring entries.
 #pragma once
 
 #include "core/results.h"
@@ -101,8 +106,15 @@ public:
     static ResultRecord FirmAndBranches(Database& db, const QString& addressee, QStringList* out);
 
 private:
-    ResultRecord readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows);
-    ResultRecord applyCovers(const DebtSelection& s, QVector<DebtRow>& rows);
+    // Appends the debts of one side not closed for good by the date; those whose kept rests
+    // do not hold at the date (something refers to them later) are named in `uncounted`
+    // and carry their whole sums.
+    ResultRecord readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows,
+                                QVector<int>& uncounted);
+    // Counts the rests of the `uncounted` rows at the date from the entries that refer to
+    // them.
+    ResultRecord applyCovers(const DebtSelection& s, QVector<DebtRow>& rows,
+                             const QVector<int>& uncounted);
 
     Database& db_;
     int referenceLookupLimit_;

@@ -6,6 +6,7 @@
 #include "host/storage/catalogue_schema.h"
 #include "host/storage/group_debts_schema.h"
 #include "host/storage/groups_schema.h"
+#include "host/storage/open_items_schema.h"
 #include "host/storage/operations_schema.h"
 
 namespace orvo::host {
@@ -21,6 +22,7 @@ const QVector<Migration>& Migrations() {
         AccountTotalsMigration(),
         CatalogueLockMigration(),
         GroupDebtsMigration(),
+        OpenItemsMigration(),
     };
     return list;
 }

@@ -1,0 +1,236 @@
+#include "host/storage/open_items_schema.h"
+
+#include "host/storage/database.h"
+
+namespace orvo::host {
+
+namespace {
+
+using T = ColumnType;
+
+TableDef BROpenItems() {
+    return {QStringLiteral("BROpenItems"),
+            {Column(QStringLiteral("BRID"), T::Integer, true),
+             Column(QStringLiteral("Sign"), T::Integer, true),
+             Column(QStringLiteral("RestSum"), T::Money, true, QStringLiteral("0")),
+             Column(QStringLiteral("RestSumCurr"), T::Money, true, QStringLiteral("0")),
+             Column(QStringLiteral("LastCoverDate"), T::Date, true)},
+            {QStringLiteral("BRID"), QStringLiteral("Sign")},
+            {}};
+}
+
+// The side of a currency, addressee or reference row: 1 debit, -1 any other sign.
+QString side(const char* alias) {
+    return QStringLiteral("(CASE WHEN %1.Sign = 1 THEN 1 ELSE -1 END)").arg(QLatin1String(alias));
+}
+
+const QString kColumns = QStringLiteral("BRID, Sign, RestSum, RestSumCurr, LastCoverDate");
+
+// The rows of the entries `b` that satisfy `entries`, counted from the entries
+// themselves: the one formula behind the backfill and every trigger. `ordered` joins in
+// the order written (SQLite's CROSS JOIN), so that the few entries lead.
+QString keptRows(const QString& entries, const QString& ordered) {
+    const QString account =
+        QStringLiteral("(CASE WHEN s.Sign = 1 THEN b.AccountD ELSE b.AccountC END)");
+    // The side's first currency row names the debt's currency and its currency sum.
+    const QString firstCurrency = QStringLiteral("(SELECT %1 FROM BRCurrency y WHERE y.BRID = "
+                                                 "b.ID AND ") +
+                                  side("y") + QStringLiteral(" = s.Sign ORDER BY y.ID LIMIT 1)");
+    const QString debts =
+        QStringLiteral("SELECT b.ID AS BRID, s.Sign AS Sign, ") + account +
+        QStringLiteral(" AS Account, b.DateD AS DateD, b.SumA AS FullSum, "
+                       "COALESCE(NULLIF(TRIM(") +
+        firstCurrency.arg(QStringLiteral("y.FCurrencyCode")) +
+        QStringLiteral("), ''), '   ') AS Code, COALESCE(") +
+        firstCurrency.arg(QStringLiteral("CASE WHEN TRIM(COALESCE(y.FCurrencyCode, '')) = '' "
+                                         "THEN 0 ELSE y.SumCurr END")) +
+        QStringLiteral(", 0) AS FullCurr FROM BR b CROSS JOIN (SELECT 1 AS Sign UNION ALL "
+                       "SELECT -1) s WHERE (") +
+        entries + QStringLiteral(") AND ") + account +
+        QStringLiteral(" <> '' AND NOT EXISTS (SELECT 1 FROM BRProperties x WHERE x.BRID = b.ID "
+                       "AND ") +
+        side("x") + QStringLiteral(" = s.Sign AND x.FOIDR >= 'O0201500' AND x.FOIDR < 'O0201501')");
+    // A referring entry reduces the rest from the side opposite to the debt and adds to it
+    // from the same side; its currency sum counts only in the debt's own currency.
+    const QString direction =
+        QStringLiteral("CASE WHEN ") + side("r") + QStringLiteral(" = d.Sign THEN %1 ELSE -%1 END");
+    return QStringLiteral("SELECT d.BRID, d.Sign, d.FullSum + SUM(") +
+           direction.arg(QStringLiteral("c.SumA")) +
+           QStringLiteral("), d.FullCurr + COALESCE(SUM(CASE WHEN d.Code <> '   ' AND "
+                          "COALESCE(NULLIF(TRIM(k.FCurrencyCode), ''), '   ') = d.Code THEN ") +
+           direction.arg(QStringLiteral("k.SumCurr")) +
+           QStringLiteral(" END), 0), MAX(c.DateD) FROM (") + debts + QStringLiteral(") d") +
+           ordered + QStringLiteral("BRProperties r ON r.FOIDR = 'O0201500' || d.BRID") + ordered +
+           QStringLiteral("BR c ON c.ID = r.BRID AND c.ID <> d.BRID AND c.DateD IS NOT NULL AND "
+                          "(CASE WHEN r.Sign = 1 THEN c.AccountD ELSE c.AccountC END) = "
+                          "d.Account LEFT JOIN BRCurrency k ON k.BRID = c.ID AND ") +
+           side("k") + QStringLiteral(" = ") + side("r") +
+           QStringLiteral(" GROUP BY d.BRID, d.Sign, d.FullSum, d.FullCurr, d.Code");
+}
+
+QString insertKept(const QString& entries, Backend backend) {
+    return QStringLiteral("INSERT INTO BROpenItems (") + kColumns + QStringLiteral(") ") +
+           keptRows(entries, backend == Backend::SQLite ? QStringLiteral(" CROSS JOIN ")
+                                                        : QStringLiteral(" JOIN "));
+}
+
+// ---- SQLite ------------------------------------------------------------------------
+
+// The entries a reference row of `row` (NEW or OLD) names; a malformed reference names
+// entry 0 or a wrong one, which only counts that entry again.
+QString sqliteTarget(const char* row) {
+    return QStringLiteral("CAST(substr(%1.FOIDR, 9) AS INTEGER)").arg(QLatin1String(row));
+}
+
+QString sqliteIsReference(const char* row) {
+    return QStringLiteral("%1.FOIDR >= 'O0201500' AND %1.FOIDR < 'O0201501'")
+        .arg(QLatin1String(row));
+}
+
+// The entries an entry refers to.
+QString sqliteTargetsOf(const QString& entry) {
+    return QStringLiteral("SELECT CAST(substr(x.FOIDR, 9) AS INTEGER) FROM BRProperties x "
+                          "WHERE x.BRID = %1 AND x.FOIDR >= 'O0201500' AND x.FOIDR < "
+                          "'O0201501'")
+        .arg(entry);
+}
+
+// Trigger statements counting again the entries of the subquery `ids`.
+QString sqliteRecount(const QString& ids) {
+    return QStringLiteral("DELETE FROM BROpenItems WHERE BRID IN (") + ids + QStringLiteral("); ") +
+           insertKept(QStringLiteral("b.ID IN (") + ids + QLatin1Char(')'), Backend::SQLite) +
+           QLatin1Char(';');
+}
+
+// An entry and the entries it refers to.
+QString sqliteEntryAndTargets(const QStringList& entries) {
+    QStringList parts;
+    for (const QString& e : entries)
+        parts << QStringLiteral("SELECT ") + e << sqliteTargetsOf(e);
+    return parts.join(QStringLiteral(" UNION "));
+}
+
+QString sqliteTrigger(const QString& name, const QString& event, const QString& when,
+                      const QString& ids) {
+    return QStringLiteral("CREATE TRIGGER ") + name + QLatin1Char(' ') + event +
+           (when.isEmpty() ? QString() : QStringLiteral(" WHEN ") + when) +
+           QStringLiteral(" BEGIN ") + sqliteRecount(ids) + QStringLiteral(" END");
+}
+
+QStringList sqliteTriggers() {
+    const QString newRef = QStringLiteral("SELECT NEW.BRID UNION SELECT ") + sqliteTarget("NEW");
+    const QString oldRef = QStringLiteral("SELECT OLD.BRID UNION SELECT ") + sqliteTarget("OLD");
+    return {
+        sqliteTrigger(QStringLiteral("BROpenItemsEntryInsert"),
+                      QStringLiteral("AFTER INSERT ON BR"), {},
+                      sqliteEntryAndTargets({QStringLiteral("NEW.ID")})),
+        sqliteTrigger(QStringLiteral("BROpenItemsEntryDelete"),
+                      QStringLiteral("AFTER DELETE ON BR"), {},
+                      sqliteEntryAndTargets({QStringLiteral("OLD.ID")})),
+        sqliteTrigger(QStringLiteral("BROpenItemsEntryUpdate"),
+                      QStringLiteral("AFTER UPDATE OF ID, AccountD, AccountC, DateD, SumA ON BR"),
+                      {},
+                      sqliteEntryAndTargets({QStringLiteral("OLD.ID"), QStringLiteral("NEW.ID")})),
+        sqliteTrigger(QStringLiteral("BROpenItemsReferenceInsert"),
+                      QStringLiteral("AFTER INSERT ON BRProperties"), sqliteIsReference("NEW"),
+                      newRef),
+        sqliteTrigger(QStringLiteral("BROpenItemsReferenceDelete"),
+                      QStringLiteral("AFTER DELETE ON BRProperties"), sqliteIsReference("OLD"),
+                      oldRef),
+        sqliteTrigger(QStringLiteral("BROpenItemsReferenceUpdate"),
+                      QStringLiteral("AFTER UPDATE OF BRID, Sign, FOIDR ON BRProperties"),
+                      QLatin1Char('(') + sqliteIsReference("OLD") + QStringLiteral(") OR (") +
+                          sqliteIsReference("NEW") + QLatin1Char(')'),
+                      newRef + QStringLiteral(" UNION ") + oldRef),
+        sqliteTrigger(QStringLiteral("BROpenItemsCurrencyInsert"),
+                      QStringLiteral("AFTER INSERT ON BRCurrency"), {},
+                      sqliteEntryAndTargets({QStringLiteral("NEW.BRID")})),
+        sqliteTrigger(QStringLiteral("BROpenItemsCurrencyDelete"),
+                      QStringLiteral("AFTER DELETE ON BRCurrency"), {},
+                      sqliteEntryAndTargets({QStringLiteral("OLD.BRID")})),
+        sqliteTrigger(
+            QStringLiteral("BROpenItemsCurrencyUpdate"),
+            QStringLiteral("AFTER UPDATE OF BRID, Sign, SumCurr, FCurrencyCode ON BRCurrency"), {},
+            sqliteEntryAndTargets({QStringLiteral("OLD.BRID"), QStringLiteral("NEW.BRID")})),
+    };
+}
+
+// ---- PostgreSQL --------------------------------------------------------------------
+
+QStringList postgresTriggers() {
+    // A reference whose number does not fit names no entry.
+    const QString target =
+        QStringLiteral("CREATE FUNCTION BROpenItemsTarget(foidr text) RETURNS bigint "
+                       "LANGUAGE sql IMMUTABLE AS $body$ SELECT CASE WHEN foidr ~ "
+                       "'^O0201500[0-9]{1,18}$' THEN substr(foidr, 9)::bigint END $body$");
+    const QString recount =
+        QStringLiteral("CREATE FUNCTION BROpenItemsRecount(ids bigint[]) RETURNS void "
+                       "LANGUAGE plpgsql AS $body$ BEGIN "
+                       "DELETE FROM BROpenItems WHERE BRID = ANY(ids); ") +
+        insertKept(QStringLiteral("b.ID = ANY(ids)"), Backend::PostgreSQL) +
+        QStringLiteral("; END $body$");
+    // The entries themselves and every entry they refer to.
+    const QString withTargets =
+        QStringLiteral("ids := ids || ARRAY(SELECT BROpenItemsTarget(x.FOIDR) FROM BRProperties "
+                       "x WHERE x.BRID = ANY(ids) AND x.FOIDR >= 'O0201500' AND x.FOIDR < "
+                       "'O0201501'); PERFORM BROpenItemsRecount(ids); RETURN NULL; END $body$");
+    const QString entry =
+        QStringLiteral("CREATE FUNCTION BROpenItemsKeepEntry() RETURNS trigger LANGUAGE plpgsql "
+                       "AS $body$ DECLARE ids bigint[] := '{}'; BEGIN "
+                       "IF TG_OP <> 'INSERT' THEN ids := ids || OLD.ID; END IF; "
+                       "IF TG_OP <> 'DELETE' THEN ids := ids || NEW.ID; END IF; ") +
+        withTargets;
+    const QString currency =
+        QStringLiteral("CREATE FUNCTION BROpenItemsKeepCurrency() RETURNS trigger LANGUAGE "
+                       "plpgsql AS $body$ DECLARE ids bigint[] := '{}'; BEGIN "
+                       "IF TG_OP <> 'INSERT' THEN ids := ids || OLD.BRID; END IF; "
+                       "IF TG_OP <> 'DELETE' THEN ids := ids || NEW.BRID; END IF; ") +
+        withTargets;
+    // Only a reference row changes a debt; an addressee row changes nothing kept here.
+    const QString reference = QStringLiteral(
+        "CREATE FUNCTION BROpenItemsKeepReference() RETURNS trigger LANGUAGE plpgsql AS $body$ "
+        "DECLARE ids bigint[] := '{}'; BEGIN "
+        "IF TG_OP <> 'INSERT' AND OLD.FOIDR >= 'O0201500' AND OLD.FOIDR < 'O0201501' THEN "
+        "ids := ids || OLD.BRID || BROpenItemsTarget(OLD.FOIDR); END IF; "
+        "IF TG_OP <> 'DELETE' AND NEW.FOIDR >= 'O0201500' AND NEW.FOIDR < 'O0201501' THEN "
+        "ids := ids || NEW.BRID || BROpenItemsTarget(NEW.FOIDR); END IF; "
+        "IF cardinality(ids) > 0 THEN PERFORM BROpenItemsRecount(ids); END IF; "
+        "RETURN NULL; END $body$");
+    return {target,
+            recount,
+            entry,
+            currency,
+            reference,
+            QStringLiteral("CREATE TRIGGER BROpenItemsKeepEntry AFTER INSERT OR DELETE OR UPDATE "
+                           "OF ID, AccountD, AccountC, DateD, SumA ON BR FOR EACH ROW "
+                           "EXECUTE FUNCTION BROpenItemsKeepEntry()"),
+            QStringLiteral("CREATE TRIGGER BROpenItemsKeepCurrency AFTER INSERT OR DELETE OR "
+                           "UPDATE OF BRID, Sign, SumCurr, FCurrencyCode ON BRCurrency FOR EACH "
+                           "ROW EXECUTE FUNCTION BROpenItemsKeepCurrency()"),
+            QStringLiteral("CREATE TRIGGER BROpenItemsKeepReference AFTER INSERT OR DELETE OR "
+                           "UPDATE OF BRID, Sign, FOIDR ON BRProperties FOR EACH ROW "
+                           "EXECUTE FUNCTION BROpenItemsKeepReference()")};
+}
+
+} // namespace
+
+Migration OpenItemsMigration() {
+    Migration m;
+    m.Version = kOpenItemsMigrationVersion;
+    m.Title = QStringLiteral("Atviros skolos");
+    m.Tables = {BROpenItems()};
+    m.Apply = [](Database& db) {
+        // The entries the book already holds, before the triggers take over.
+        QStringList statements{insertKept(QStringLiteral("1 = 1"), db.Kind())};
+        statements += db.Kind() == Backend::PostgreSQL ? postgresTriggers() : sqliteTriggers();
+        for (const QString& sql : std::as_const(statements)) {
+            const ExecResult r = db.Execute(sql);
+            if (!r.ok())
+                return ResultRecord::Failure(r.Code, r.Text);
+        }
+        return ResultRecord::Success();
+    };
+    return m;
+}
+
+} // namespace orvo::host
