@@ -5,6 +5,8 @@
 #include "frame/orvo_object_uio.h"
 #include "ui/services/dialog_driver.h"
 
+#include <QSet>
+
 namespace orvo::ui {
 
 namespace {
@@ -29,19 +31,14 @@ QtPickers::ObjectEntries(const QString& kinds, const QString& field, const QStri
     for (const QString& part : kinds.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         const QString kind = part.trimmed().left(8);
         const std::shared_ptr<OrvoObjectUI> navigator = objects_->GetObjectUI(kind);
-        const RecordsetPtr rows =
-            navigator ? navigator->GetOrvoObjectList(kind, QString(), QString()) : nullptr;
-        if (!rows)
+        if (!navigator)
             continue;
-        // A filter that cannot be read offers nothing rather than everything.
-        if (!filter.trimmed().isEmpty() && !rows->SetFilter(filter).ok())
-            continue;
-        for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
+        QSet<QString> seen;
+        walk(*navigator, kind, kind, 0, seen, filter, [&](const RecordsetPtr& rows, bool group) {
             const QString oidr = rows->Field(QStringLiteral("OIDR")).toString();
-            if (oidr.size() < 9)
-                continue;
-            entries.append({oidr, textOf(rows, field)});
-        }
+            if (!group && oidr.size() >= 9)
+                entries.append({oidr, textOf(rows, field)});
+        });
     }
     return entries;
 }
@@ -50,15 +47,56 @@ QList<ObjectPickerDialog::Entry> QtPickers::GroupEntries(const QString& code) co
     QList<ObjectPickerDialog::Entry> entries;
     if (!objects_)
         return entries;
-    const std::shared_ptr<OrvoObjectUI> navigator = objects_->GetObjectUI(code.left(8));
-    const RecordsetPtr rows =
-        navigator ? navigator->GetOrvoObjectList(code.left(8), QString(), QString()) : nullptr;
-    if (!rows)
+    const QString kind = code.left(8);
+    const std::shared_ptr<OrvoObjectUI> navigator = objects_->GetObjectUI(kind);
+    if (!navigator)
         return entries;
-    for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext())
-        if (rows->Field(QStringLiteral("OType")).toString().startsWith(QLatin1String("GR")))
+    QSet<QString> seen;
+    walk(*navigator, kind, kind, 0, seen, QString(), [&](const RecordsetPtr& rows, bool group) {
+        if (group)
             entries.append({rows->Field(QStringLiteral("OIDR")).toString(), textOf(rows, {})});
+    });
     return entries;
+}
+
+bool QtPickers::IsGroupRow(const RecordsetPtr& rows) {
+    const QString type = rows->Field(QStringLiteral("OType")).toString();
+    return type.startsWith(QLatin1String("GR")) || type == QLatin1String("Group");
+}
+
+void QtPickers::walk(OrvoObjectUI& navigator, const QString& kind, const QString& oid, int depth,
+                     QSet<QString>& seen, const QString& filter,
+                     const std::function<void(const RecordsetPtr&, bool)>& visit) const {
+    const RecordsetPtr rows = navigator.GetOrvoObjectList(oid, QString(), QString());
+    if (!rows)
+        return;
+    // Groups are met unfiltered, so what lies inside them is found whatever the filter;
+    // a group is opened once, however often it is met.
+    QStringList groups;
+    for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
+        if (!IsGroupRow(rows))
+            continue;
+        const QString oidr = rows->Field(QStringLiteral("OIDR")).toString();
+        if (seen.contains(oidr))
+            continue;
+        seen.insert(oidr);
+        visit(rows, true);
+        if (oidr.startsWith(kind) && oidr.size() > 8)
+            groups.append(oidr);
+    }
+    // A filter that cannot be read offers nothing rather than everything.
+    if (filter.trimmed().isEmpty() || rows->SetFilter(filter).ok())
+        for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
+            const QString oidr = rows->Field(QStringLiteral("OIDR")).toString();
+            if (IsGroupRow(rows) || seen.contains(oidr))
+                continue;
+            seen.insert(oidr);
+            visit(rows, false);
+        }
+    if (depth >= kMaxDepth)
+        return;
+    for (const QString& group : groups)
+        walk(navigator, kind, group, depth + 1, seen, filter, visit);
 }
 
 QString QtPickers::PickObject(const QString& kinds, const QString& title, const QString& field,
