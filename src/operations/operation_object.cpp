@@ -56,6 +56,8 @@ QStringList UIO0201500::PlainQueries() {
             QStringLiteral("TelebankList"), QStringLiteral("FirmsAndUsers")};
 }
 
+// The component's parametrised names, and BROperLog: the change protocol that the
+// protocol window lists under the stamps.
 QStringList UIO0201500::ParametrisedQueries() {
     return {QStringLiteral("Parent"),
             QStringLiteral("BRRequiredAddr"),
@@ -92,7 +94,8 @@ QStringList UIO0201500::ParametrisedQueries() {
             QStringLiteral("AdvanceOverExpenses"),
             QStringLiteral("DebtsByDebit"),
             QStringLiteral("DebtsByCredit"),
-            QStringLiteral("Debts1New")};
+            QStringLiteral("Debts1New"),
+            QStringLiteral("BROperLog")};
 }
 
 OrvoObjectUIOPtr UIO0201500::Self() {

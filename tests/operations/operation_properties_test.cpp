@@ -33,7 +33,9 @@ TEST_F(OperationPropertiesTest, PlainQueryGoesAsGetNameWithNone) {
 TEST_F(OperationPropertiesTest, EveryPlainQueryOfTheOperationIsOnItsList) {
     EXPECT_EQ(UIO0201500::PlainQueries(),
               QStringList({"MyFirmAccounts", "SelectParameters", "TelebankList", "FirmsAndUsers"}));
-    EXPECT_EQ(UIO0201500::ParametrisedQueries().size(), 36);
+    // The component's 36, and the change protocol the protocol window lists.
+    EXPECT_EQ(UIO0201500::ParametrisedQueries().size(), 37);
+    EXPECT_TRUE(UIO0201500::ParametrisedQueries().contains("BROperLog"));
     EXPECT_TRUE(UIO0201500::ParametrisedQueries().contains("TemplateAccAndAddr"));
     EXPECT_TRUE(UIO0201500::ParametrisedQueries().contains("Debts1New"));
 }

@@ -296,6 +296,19 @@ ResultRecord writeUsers(Database& db, const WrittenIds& ids) {
     return {};
 }
 
+// A few ready comments, so that the comment list of an operation shows something real.
+ResultRecord writeComments(Database& db) {
+    for (const char* name : {"Prekių pardavimas pagal sąskaitą faktūrą", "Apmokėjimas už prekes",
+                             "Banko paslaugų mokestis", "Patalpų nuoma"}) {
+        const ExecResult r =
+            db.Execute(QStringLiteral("INSERT INTO BRCommentTemplates (Name) VALUES (?)"),
+                       {Value(QString::fromUtf8(name))});
+        if (!r.ok())
+            return ResultRecord::Failure(r.Code, r.Text);
+    }
+    return {};
+}
+
 } // namespace
 
 QString DemoBookNotEmptyText() {
@@ -338,6 +351,8 @@ ResultRecord CreateDemoBook(Database& db, const QDate& today) {
     if (r = CreateDemoGroups(db, templates, today); !r.ok())
         return r;
     if (r = CreateDemoDebts(db, today); !r.ok())
+        return r;
+    if (r = writeComments(db); !r.ok())
         return r;
     return tx.Commit();
 }

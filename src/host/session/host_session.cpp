@@ -9,6 +9,7 @@
 #include "host/methods/accounts_methods.h"
 #include "host/methods/addressee_methods.h"
 #include "host/methods/catalogue_editor_methods.h"
+#include "host/methods/comment_list_methods.h"
 #include "host/methods/group_methods.h"
 #include "host/methods/host_business_object.h"
 #include "host/methods/system_methods.h"
@@ -123,7 +124,8 @@ SessionResult HostSession::Open(const QString& location, OpenMode mode, const QS
          {RegisterSystemMethods(*s->methods_), RegisterObjectMethods(*s->methods_, *s->kinds_),
           RegisterCurrencyMethods(*s->methods_), RegisterAccountMethods(*s->methods_),
           RegisterGroupMethods(*s->methods_), RegisterTemplateMethods(*s->methods_),
-          RegisterCatalogueEditorMethods(*s->methods_), RegisterAddresseeMethods(*s->methods_)})
+          RegisterCatalogueEditorMethods(*s->methods_), RegisterAddresseeMethods(*s->methods_),
+          RegisterCommentListMethods(*s->methods_)})
         if (!r.ok())
             return {r.Code, r.Text, nullptr};
     const ResultRecord operations =

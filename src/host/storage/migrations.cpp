@@ -4,6 +4,7 @@
 #include "host/storage/account_totals_schema.h"
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
+#include "host/storage/comment_templates_schema.h"
 #include "host/storage/group_debts_schema.h"
 #include "host/storage/groups_schema.h"
 #include "host/storage/open_items_schema.h"
@@ -23,6 +24,7 @@ const QVector<Migration>& Migrations() {
         CatalogueLockMigration(),
         GroupDebtsMigration(),
         OpenItemsMigration(),
+        CommentTemplatesMigration(),
     };
     return list;
 }

@@ -4,6 +4,8 @@
 #include "operations/forms/frm_br_copy_by_monthes.h"
 #include "operations/forms/frm_br_oper.h"
 #include "operations/forms/frm_br_oper_record.h"
+#include "operations/forms/frm_comment_list.h"
+#include "operations/forms/frm_protocol.h"
 
 namespace orvo {
 
@@ -15,6 +17,10 @@ void RegisterOperationForms(FormRegistry& registry) {
                       []() -> OrvoFormPtr { return std::make_shared<FrmBROperRecord>(); });
     registry.Register(QStringLiteral("frmBRCopyByMonthes"),
                       []() -> OrvoFormPtr { return std::make_shared<FrmBRCopyByMonthes>(); });
+    registry.Register(QStringLiteral("frmCommentList"),
+                      []() -> OrvoFormPtr { return std::make_shared<FrmCommentList>(); });
+    registry.Register(QStringLiteral("frmProtocol"),
+                      []() -> OrvoFormPtr { return std::make_shared<FrmProtocol>(); });
 }
 
 } // namespace orvo
