@@ -1,6 +1,7 @@
 #include "operations/forms/frm_br_copy_by_monthes.h"
 
 #include "core/number_text.h"
+#include "ui/shell/built_widget_form.h"
 #include "ui/widgets/dialog_buttons.h"
 
 #include <QButtonGroup>
@@ -17,18 +18,6 @@
 namespace orvo {
 
 namespace {
-
-class CopyWindow : public ui::WidgetForm {
-public:
-    explicit CopyWindow(std::function<QWidget*()> build)
-        : ui::WidgetForm(QStringLiteral("frmBRCopyByMonthes")), build_(std::move(build)) {}
-
-protected:
-    QWidget* BuildWidget() override { return build_(); }
-
-private:
-    std::function<QWidget*()> build_;
-};
 
 QLineEdit* edit(QWidget* parent, const char* name, const QString& text) {
     auto* e = new QLineEdit(text, parent);
@@ -52,7 +41,8 @@ void FrmBRCopyByMonthes::SetEntry(double sum, const QDate& lastDayOfMonth, int d
 
 void FrmBRCopyByMonthes::Show(bool) {
     cancelled_ = true;
-    auto window = std::make_shared<CopyWindow>([this]() { return build(); });
+    auto window = std::make_shared<ui::BuiltWidgetForm>(QStringLiteral("frmBRCopyByMonthes"),
+                                                        [this]() { return build(); });
     window->Show(true);
 }
 

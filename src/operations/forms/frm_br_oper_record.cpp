@@ -3,6 +3,7 @@
 #include "core/number_text.h"
 #include "frame/catalogue.h"
 #include "frame/messages.h"
+#include "ui/shell/built_widget_form.h"
 #include "ui/widgets/number_field.h"
 #include "ui/widgets/qt_list_control.h"
 
@@ -27,19 +28,6 @@
 namespace orvo {
 
 namespace {
-
-// The card's window: a WidgetForm whose widget the card builds.
-class CardWindow : public ui::WidgetForm {
-public:
-    CardWindow(std::function<QWidget*()> build)
-        : ui::WidgetForm(QStringLiteral("frmBROperRecord")), build_(std::move(build)) {}
-
-protected:
-    QWidget* BuildWidget() override { return build_(); }
-
-private:
-    std::function<QWidget*()> build_;
-};
 
 // Ctrl+S and Ctrl+N pressed in any field of the card, also where the card's window is
 // not the active one (the shortcuts of an active window take them first).
@@ -85,7 +73,8 @@ FrmBROperRecord::~FrmBROperRecord() = default;
 
 void FrmBROperRecord::Show(bool) {
     // The card is always modal: ShowBR waits for its answer.
-    window_ = std::make_shared<CardWindow>([this]() { return build(); });
+    window_ = std::make_shared<ui::BuiltWidgetForm>(QStringLiteral("frmBROperRecord"),
+                                                    [this]() { return build(); });
     window_->SetOrvoObjectUIO(GetOrvoObjectUIO());
     window_->Show(true);
     result_ = editor_ ? editor_->Result : qint16(0);

@@ -1,7 +1,7 @@
 #include "operations/forms/frm_comment_list.h"
 
 #include "frame/messages.h"
-#include "ui/shell/widget_form.h"
+#include "ui/shell/built_widget_form.h"
 
 #include <QAction>
 #include <QDialog>
@@ -20,18 +20,6 @@ namespace orvo {
 namespace {
 
 const QString kIdleFrame = QStringLiteral("Įrašo tvarkymas");
-
-class CommentListWindow : public ui::WidgetForm {
-public:
-    explicit CommentListWindow(std::function<QWidget*()> build)
-        : ui::WidgetForm(QStringLiteral("frmCommentList")), build_(std::move(build)) {}
-
-protected:
-    QWidget* BuildWidget() override { return build_(); }
-
-private:
-    std::function<QWidget*()> build_;
-};
 
 QPushButton* button(QWidget* parent, const char* name, const QString& text) {
     auto* b = new QPushButton(text, parent);
@@ -80,7 +68,8 @@ void FrmCommentList::Show(bool) {
     // A refusal of the book has already been shown by the property's convention.
     if (!editor_->Load().ok())
         return;
-    auto window = std::make_shared<CommentListWindow>([this]() { return build(); });
+    auto window = std::make_shared<ui::BuiltWidgetForm>(QStringLiteral("frmCommentList"),
+                                                        [this]() { return build(); });
     window->Show(true);
     root_ = nullptr;
 }

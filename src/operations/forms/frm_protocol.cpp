@@ -3,7 +3,7 @@
 #include "core/null_readers.h"
 #include "core/recordset.h"
 #include "frame/orvo_object_uio.h"
-#include "ui/shell/widget_form.h"
+#include "ui/shell/built_widget_form.h"
 
 #include <QDialog>
 #include <QFormLayout>
@@ -16,18 +16,6 @@
 namespace orvo {
 
 namespace {
-
-class ProtocolWindow : public ui::WidgetForm {
-public:
-    explicit ProtocolWindow(std::function<QWidget*()> build)
-        : ui::WidgetForm(QStringLiteral("frmProtocol")), build_(std::move(build)) {}
-
-protected:
-    QWidget* BuildWidget() override { return build_(); }
-
-private:
-    std::function<QWidget*()> build_;
-};
 
 QLabel* value(QWidget* parent, const char* name, const QString& text) {
     auto* label = new QLabel(text, parent);
@@ -53,7 +41,8 @@ void FrmProtocol::SetProtocol(const QString& createdByUserName, const QString& c
 }
 
 void FrmProtocol::Show(bool) {
-    auto window = std::make_shared<ProtocolWindow>([this]() { return build(); });
+    auto window = std::make_shared<ui::BuiltWidgetForm>(QStringLiteral("frmProtocol"),
+                                                        [this]() { return build(); });
     window->Show(true);
 }
 

@@ -14,6 +14,7 @@
 #include "settlement/selection_debts.h"
 #include "settlement/selection_result.h"
 #include "ui/services/dialog_driver.h"
+#include "ui/shell/built_widget_form.h"
 #include "ui/widgets/dialog_buttons.h"
 
 #include <QAction>
@@ -41,18 +42,6 @@ namespace orvo {
 namespace {
 
 const QString kNoCurrency = QStringLiteral("   ");
-
-class SelectWindow : public ui::WidgetForm {
-public:
-    explicit SelectWindow(std::function<QWidget*()> build)
-        : ui::WidgetForm(QStringLiteral("frmBROperSelect")), build_(std::move(build)) {}
-
-protected:
-    QWidget* BuildWidget() override { return build_(); }
-
-private:
-    std::function<QWidget*()> build_;
-};
 
 Value param(const RecordsetPtr& rs, const char* name) {
     return rs ? rs->Field(QString::fromLatin1(name)) : Value();
@@ -135,7 +124,8 @@ void FrmBROperSelect::Show(bool) {
     // The window is always modal: its caller waits for the result.
     cancelled_ = true;
     result_.reset();
-    window_ = std::make_shared<SelectWindow>([this]() { return build(); });
+    window_ = std::make_shared<ui::BuiltWidgetForm>(QStringLiteral("frmBROperSelect"),
+                                                    [this]() { return build(); });
     window_->SetOrvoObjectUIO(GetOrvoObjectUIO());
     window_->Show(true);
     window_.reset();

@@ -7,16 +7,6 @@
 
 namespace orvo::ui::testing {
 
-namespace {
-
-qint64 count(host::HostSession& session, const QString& sql, const ValueArray& params = {}) {
-    const host::QueryResult q = session.Db().Query(sql, params);
-    EXPECT_TRUE(q.ok()) << q.Text.toStdString();
-    return q.ok() ? static_cast<qint64>(q.Scalar().toDouble()) : -1;
-}
-
-} // namespace
-
 TEST_F(OperationFormsTest, SavingAnOperationDeletedMeanwhileSaysSoAndWritesNothing) {
     const OrvoObjectUIOPtr op = NewOperation(2);
     op->Methods(QStringLiteral("AddBR"),
@@ -34,7 +24,7 @@ TEST_F(OperationFormsTest, SavingAnOperationDeletedMeanwhileSaysSoAndWritesNothi
     const OrvoObjectUIPtr navigator =
         session_->Services()->ObjectsService()->GetObjectUI(QStringLiteral("O0201500"));
     ASSERT_TRUE(navigator->DeleteOrvoObject(oidr));
-    const qint64 operations = count(*session_, QStringLiteral("SELECT COUNT(*) FROM BROpers"));
+    const qint64 operations = CountOf(QStringLiteral("SELECT COUNT(*) FROM BROpers"));
 
     ExpectBox(QStringLiteral("cmdOK"));
     Type(Find<QLineEdit>(form->Widget(), "txtComment"), QStringLiteral("Pakeista po panaikinimo"));
@@ -42,9 +32,9 @@ TEST_F(OperationFormsTest, SavingAnOperationDeletedMeanwhileSaysSoAndWritesNothi
     const QList<ShownMessage> boxes = Boxes();
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_EQ(boxes[0].Text, QStringLiteral("Operacija panaikinta !"));
-    EXPECT_EQ(count(*session_, QStringLiteral("SELECT COUNT(*) FROM BROpers")), operations);
-    EXPECT_EQ(count(*session_, QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"),
-                    {Value(oidr.mid(8).toDouble())}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BROpers")), operations);
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"),
+                      {Value(oidr.mid(8).toDouble())}),
               0);
     EXPECT_TRUE(AllAnswered());
 }

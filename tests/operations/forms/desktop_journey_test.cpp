@@ -19,12 +19,6 @@ namespace {
 const QString kOperations = QStringLiteral("Finansinių operacijų apskaita");
 const QString kGroupName = QStringLiteral("Nuomos operacijos");
 
-qint64 count(host::HostSession& session, const QString& sql, const ValueArray& params = {}) {
-    const host::QueryResult q = session.Db().Query(sql, params);
-    EXPECT_TRUE(q.ok()) << q.Text.toStdString();
-    return q.ok() ? static_cast<qint64>(q.Scalar().toDouble()) : -1;
-}
-
 QTreeWidgetItem* childWithOid(QTreeWidgetItem* parent, const QString& oid) {
     for (int i = 0; parent && i < parent->childCount(); ++i)
         if (parent->child(i)->data(0, HostTree::OidRole).toString() == oid)
@@ -43,8 +37,8 @@ protected:
     }
 
     qint64 EntriesOf(qint64 operation) {
-        return count(*session_, QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"),
-                     {Value(double(operation))});
+        return CountOf(QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"),
+                       {Value(double(operation))});
     }
 };
 
@@ -57,8 +51,7 @@ TEST_F(DesktopJourneyTest,
     QTreeWidgetItem* general = groups->child(0);
     ASSERT_NE(general, nullptr);
     general->setExpanded(true);
-    const qint64 groupsBefore =
-        count(*session_, QStringLiteral("SELECT COUNT(*) FROM BROperGroups"));
+    const qint64 groupsBefore = CountOf(QStringLiteral("SELECT COUNT(*) FROM BROperGroups"));
     ASSERT_EQ(Tree().Click(general, QStringLiteral("Naują operacijų grupė"), QString()).Action,
               ClickResult::ShowForm);
     const OrvoFormPtr groupForm = NewestForm();
@@ -69,19 +62,16 @@ TEST_F(DesktopJourneyTest,
     QWidget* groupRoot = groupWindow->Widget();
     Type(Find<QLineEdit>(groupRoot, "txtName"), kGroupName);
     Click(groupRoot, "cmdWrite");
-    ASSERT_EQ(count(*session_, QStringLiteral("SELECT COUNT(*) FROM BROperGroups")),
-              groupsBefore + 1)
+    ASSERT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BROperGroups")), groupsBefore + 1)
         << Boxes().value(0).Text.toStdString();
     const qint64 groupId =
-        count(*session_, QStringLiteral("SELECT ID FROM BROperGroups WHERE Name = ?"),
-              {Value(kGroupName)});
+        CountOf(QStringLiteral("SELECT ID FROM BROperGroups WHERE Name = ?"), {Value(kGroupName)});
     ASSERT_GT(groupId, 0);
     EXPECT_EQ(
-        count(*session_,
-              QStringLiteral("SELECT COUNT(*) FROM BROperGroups WHERE ID = ? AND GroupFlag = 0 "
-                             "AND FormOID = 'O0201500' AND ParentID = ?"),
-              {Value(double(groupId)),
-               Value(general->data(0, HostTree::OidRole).toString().mid(8).toDouble())}),
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BROperGroups WHERE ID = ? AND GroupFlag = 0 "
+                               "AND FormOID = 'O0201500' AND ParentID = ?"),
+                {Value(double(groupId)),
+                 Value(general->data(0, HostTree::OidRole).toString().mid(8).toDouble())}),
         1);
     // The saved group shows at once in the opened list of its parent.
     const QString groupOid = QStringLiteral("O0201400") + QString::number(groupId);
@@ -103,34 +93,18 @@ TEST_F(DesktopJourneyTest,
     auto* entries = Find<QTreeWidget>(root, "lvwBRRecords");
 
     // 3. Entries by a template with a sum: a customer's payment into the bank.
-    Expect(QStringLiteral("frmBROperTemplateSelectDialog"), [](QDialog& dialog) {
-        ChooseTemplate(dialog, QStringLiteral("Pirkėjo apmokėjimas į banką"),
-                       QStringLiteral("121"));
-    });
-    // The firm the template asks for is left for the card.
-    Expect(QStringLiteral("frmObjectPicker"), [](QDialog&) {});
-    Action(root, "mnuAddTemplate")->trigger();
+    AddPaymentByTemplate(root, QStringLiteral("121"));
     ASSERT_EQ(entries->topLevelItemCount(), 1);
     EXPECT_EQ(Column(entries, 1), QStringList({"2711"}));
     EXPECT_EQ(Column(entries, 2), QStringList({"2410"}));
     EXPECT_EQ(Column(entries, 3), QStringList({"121,00"}));
     // Nothing is stored before the save.
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE BROperGroupID = ?"),
-                    {Value(double(groupId))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE BROperGroupID = ?"),
+                      {Value(double(groupId))}),
               0);
 
     // 4. The entry card: euros on the debit side become dollars, the firm on the credit.
-    Expect(QStringLiteral("frmBROperRecordDialog"), [this](QDialog& card) {
-        Choose(Find<QComboBox>(&card, "cmbCurrD"), QStringLiteral("USD"));
-        Type(Find<QLineEdit>(&card, "txtSumCurrD"), QStringLiteral("130"));
-        Expect(QStringLiteral("frmObjectPicker"), [](QDialog& picker) { PickFirst(picker); });
-        auto* credit = Find<QTreeWidget>(&card, "lvwAddressC");
-        ASSERT_NE(credit, nullptr);
-        ASSERT_EQ(credit->topLevelItemCount(), 1);
-        Q_EMIT credit->itemDoubleClicked(credit->topLevelItem(0), 0);
-        Click(&card, "cmdWrite");
-    });
+    ExpectCardInDollarsForTheFirstFirm(QStringLiteral("130"));
     entries->setFocus();
     entries->setCurrentItem(entries->topLevelItem(0));
     QTest::keyClick(entries, Qt::Key_Return);
@@ -145,25 +119,22 @@ TEST_F(DesktopJourneyTest,
     const QString oidr = op->OIDR();
     const qint64 id = oidr.mid(8).toLongLong();
     EXPECT_EQ(
-        count(*session_,
-              QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE ID = ? AND BROperGroupID = ? "
-                             "AND Comment = ?"),
-              {Value(double(id)), Value(double(groupId)),
-               Value(QStringLiteral("Nuomos apmokėjimas"))}),
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE ID = ? AND BROperGroupID = ? "
+                               "AND Comment = ?"),
+                {Value(double(id)), Value(double(groupId)),
+                 Value(QStringLiteral("Nuomos apmokėjimas"))}),
         1);
     EXPECT_EQ(EntriesOf(id), 1);
     EXPECT_EQ(
-        count(*session_,
-              QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
-                             "WHERE b.BROperID = ? AND c.Sign = 1 AND c.FCurrencyCode = 'USD' "
-                             "AND c.SumCurr = 13000"),
-              {Value(double(id))}),
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
+                               "WHERE b.BROperID = ? AND c.Sign = 1 AND c.FCurrencyCode = 'USD' "
+                               "AND c.SumCurr = 13000"),
+                {Value(double(id))}),
         1);
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BRProperties p JOIN BR b ON b.ID = "
-                                   "p.BRID WHERE b.BROperID = ? AND p.Sign = -1 AND p.FOIDR LIKE "
-                                   "'O0000100%'"),
-                    {Value(double(id))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BRProperties p JOIN BR b ON b.ID = "
+                                     "p.BRID WHERE b.BROperID = ? AND p.Sign = -1 AND p.FOIDR LIKE "
+                                     "'O0000100%'"),
+                      {Value(double(id))}),
               1);
 
     // 6. The editor is closed; the group's list shows the operation, and Enter on its row
@@ -201,46 +172,40 @@ TEST_F(DesktopJourneyTest,
     Click(second, "cmdWrite");
     EXPECT_EQ(EntriesOf(id), 3) << Boxes().value(0).Text.toStdString();
     // Three months, each its own last day, the entries adding up to the copied sum.
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(DISTINCT DateD) FROM BR WHERE BROperID = ?"),
-                    {Value(double(id))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(DISTINCT DateD) FROM BR WHERE BROperID = ?"),
+                      {Value(double(id))}),
               3);
     // Each month's euros are its dollars at the entry's rate, so the three months may
     // differ from the whole by the rounding of each, never by more than a cent a month.
     const qint64 spread =
-        count(*session_, QStringLiteral("SELECT SUM(SumA) FROM BR WHERE BROperID = ?"),
-              {Value(double(id))});
+        CountOf(QStringLiteral("SELECT SUM(SumA) FROM BR WHERE BROperID = ?"), {Value(double(id))});
     EXPECT_LE(qAbs(spread - qRound64(NumberFromText(baseSum) * 100)), 3);
     // The dollars went with the copies: each month keeps its currency row.
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
-                                   "WHERE b.BROperID = ? AND c.FCurrencyCode = 'USD'"),
-                    {Value(double(id))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
+                                     "WHERE b.BROperID = ? AND c.FCurrencyCode = 'USD'"),
+                      {Value(double(id))}),
               3);
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT SUM(c.SumCurr) FROM BRCurrency c JOIN BR b ON b.ID = "
-                                   "c.BRID WHERE b.BROperID = ?"),
-                    {Value(double(id))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT SUM(c.SumCurr) FROM BRCurrency c JOIN BR b ON b.ID = "
+                                     "c.BRID WHERE b.BROperID = ?"),
+                      {Value(double(id))}),
               13000);
     // Every copy keeps the addressee of the entry it came from.
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BRProperties p JOIN BR b ON b.ID = "
-                                   "p.BRID WHERE b.BROperID = ? AND p.Sign = -1 AND p.FOIDR LIKE "
-                                   "'O0000100%'"),
-                    {Value(double(id))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BRProperties p JOIN BR b ON b.ID = "
+                                     "p.BRID WHERE b.BROperID = ? AND p.Sign = -1 AND p.FOIDR LIKE "
+                                     "'O0000100%'"),
+                      {Value(double(id))}),
               3);
 
     // 8. Deleted from its row in the tree: asked first, then the operation and its
     // entries are gone, and so is the row.
     ExpectBox(QStringLiteral("cmdYes"));
     Tree().Click(childWithOid(group, oidr), QStringLiteral("Panaikinti"), QString());
-    EXPECT_EQ(count(*session_, QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE ID = ?"),
-                    {Value(double(id))}),
-              0);
+    EXPECT_EQ(
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BROpers WHERE ID = ?"), {Value(double(id))}),
+        0);
     EXPECT_EQ(EntriesOf(id), 0);
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BRCurrency c LEFT JOIN BR b ON b.ID = "
-                                   "c.BRID WHERE b.ID IS NULL")),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BRCurrency c LEFT JOIN BR b ON b.ID = "
+                                     "c.BRID WHERE b.ID IS NULL")),
               0);
     EXPECT_EQ(childWithOid(group, oidr), nullptr);
 

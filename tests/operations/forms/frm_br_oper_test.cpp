@@ -16,16 +16,6 @@
 
 namespace orvo::ui::testing {
 
-namespace {
-
-qint64 count(host::HostSession& session, const QString& sql, const ValueArray& params) {
-    const host::QueryResult q = session.Db().Query(sql, params);
-    EXPECT_TRUE(q.ok()) << q.Text.toStdString();
-    return q.ok() ? static_cast<qint64>(q.Scalar().toDouble()) : -1;
-}
-
-} // namespace
-
 TEST_F(OperationFormsTest, EditorOfANewOperationShowsItsCaptionsColumnsAndMenus) {
     const auto form = OpenEditor(NewOperation());
     ASSERT_TRUE(form);
@@ -88,12 +78,7 @@ TEST_F(OperationFormsTest, OperationGoesTheWholeWayFromTemplateToCardToStoreAndB
     auto* entries = Find<QTreeWidget>(root, "lvwBRRecords");
 
     // A template with a sum; the firm it asks for is left for the card.
-    Expect(QStringLiteral("frmBROperTemplateSelectDialog"), [](QDialog& dialog) {
-        ChooseTemplate(dialog, QStringLiteral("Pirkėjo apmokėjimas į banką"),
-                       QStringLiteral("121"));
-    });
-    Expect(QStringLiteral("frmObjectPicker"), [](QDialog&) {});
-    Action(root, "mnuAddTemplate")->trigger();
+    AddPaymentByTemplate(root, QStringLiteral("121"));
     ASSERT_EQ(entries->topLevelItemCount(), 1);
     EXPECT_EQ(Column(entries, 1), QStringList({"2711"}));
     EXPECT_EQ(Column(entries, 2), QStringList({"2410"}));
@@ -105,17 +90,8 @@ TEST_F(OperationFormsTest, OperationGoesTheWholeWayFromTemplateToCardToStoreAndB
 
     // Enter on the row opens the card: dollars on the debit side, the firm on the credit.
     QString seenLabel;
-    Expect(QStringLiteral("frmBROperRecordDialog"), [&seenLabel, this](QDialog& card) {
+    ExpectCardInDollarsForTheFirstFirm(QStringLiteral("130"), [&seenLabel](QDialog& card) {
         seenLabel = Find<QLabel>(&card, "lblSuma")->text();
-        Choose(Find<QComboBox>(&card, "cmbCurrD"), QStringLiteral("USD"));
-        Type(Find<QLineEdit>(&card, "txtSumCurrD"), QStringLiteral("130"));
-        Expect(QStringLiteral("frmObjectPicker"), [](QDialog& picker) { PickFirst(picker); });
-        auto* credit = Find<QTreeWidget>(&card, "lvwAddressC");
-        ASSERT_NE(credit, nullptr);
-        ASSERT_EQ(credit->topLevelItemCount(), 1);
-        Q_EMIT credit->itemDoubleClicked(credit->topLevelItem(0), 0);
-        EXPECT_NE(credit->topLevelItem(0)->text(1).trimmed(), QString());
-        Click(&card, "cmdWrite");
     });
     entries->setFocus();
     entries->setCurrentItem(entries->topLevelItem(0));
@@ -135,25 +111,22 @@ TEST_F(OperationFormsTest, OperationGoesTheWholeWayFromTemplateToCardToStoreAndB
     EXPECT_FALSE(Find<QWidget>(root, "cmdWrite")->isEnabled());
     EXPECT_TRUE(Find<QWidget>(root, "cmdPrint")->isEnabled());
     const qint64 id = op->OIDR().mid(8).toLongLong();
-    EXPECT_EQ(count(*session_, QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"),
-                    {Value(double(id))}),
-              1);
     EXPECT_EQ(
-        count(*session_,
-              QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
-                             "WHERE b.BROperID = ? AND c.Sign = 1 AND c.FCurrencyCode = 'USD'"),
-              {Value(double(id))}),
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"), {Value(double(id))}),
         1);
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
-                                   "WHERE b.BROperID = ?"),
-                    {Value(double(id))}),
+    EXPECT_EQ(
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
+                               "WHERE b.BROperID = ? AND c.Sign = 1 AND c.FCurrencyCode = 'USD'"),
+                {Value(double(id))}),
+        1);
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BRCurrency c JOIN BR b ON b.ID = c.BRID "
+                                     "WHERE b.BROperID = ?"),
+                      {Value(double(id))}),
               1);
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BRProperties p JOIN BR b ON b.ID = "
-                                   "p.BRID WHERE b.BROperID = ? AND p.Sign = -1 AND p.FOIDR LIKE "
-                                   "'O0000100%'"),
-                    {Value(double(id))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BRProperties p JOIN BR b ON b.ID = "
+                                     "p.BRID WHERE b.BROperID = ? AND p.Sign = -1 AND p.FOIDR LIKE "
+                                     "'O0000100%'"),
+                      {Value(double(id))}),
               1);
 
     // The stored record, opened again in a new editor.
@@ -186,9 +159,9 @@ TEST_F(OperationFormsTest, OperationGoesTheWholeWayFromTemplateToCardToStoreAndB
     const OrvoObjectUIPtr navigator =
         session_->Services()->ObjectsService()->GetObjectUI(QStringLiteral("O0201500"));
     ASSERT_TRUE(navigator->DeleteOrvoObject(oidr));
-    EXPECT_EQ(count(*session_, QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"),
-                    {Value(double(id))}),
-              0);
+    EXPECT_EQ(
+        CountOf(QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ?"), {Value(double(id))}),
+        0);
     EXPECT_TRUE(AllAnswered());
     EXPECT_TRUE(Unexpected().isEmpty()) << Unexpected().join(',').toStdString();
 }
@@ -217,10 +190,9 @@ TEST_F(OperationFormsTest, FreeEntryWrittenWithSaveOperationWritesTheWholeOperat
     });
     Action(root, "mnuFreeTemplate")->trigger();
     ASSERT_GE(op->OIDR().size(), 9) << Boxes().value(0).Text.toStdString();
-    EXPECT_EQ(count(*session_,
-                    QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ? AND AccountD = "
-                                   "'6100' AND AccountC = '2720'"),
-                    {Value(double(op->OIDR().mid(8).toLongLong()))}),
+    EXPECT_EQ(CountOf(QStringLiteral("SELECT COUNT(*) FROM BR WHERE BROperID = ? AND AccountD = "
+                                     "'6100' AND AccountC = '2720'"),
+                      {Value(double(op->OIDR().mid(8).toLongLong()))}),
               1);
     const RecordsetPtr stored = Entries(Stored(op->OIDR()));
     ASSERT_EQ(stored->RecordCount(), 1);

@@ -179,6 +179,44 @@ protected:
         ASSERT_TRUE(DialogDriver::Click(dialog, QStringLiteral("cmdOK")));
     }
 
+    // The first value of a query on the stored book (a count, a sum, an ID); -1 when the
+    // query fails.
+    qint64 CountOf(const QString& sql, const ValueArray& params = {}) {
+        const host::QueryResult q = session_->Db().Query(sql, params);
+        EXPECT_TRUE(q.ok()) << q.Text.toStdString();
+        return q.ok() ? static_cast<qint64>(q.Scalar().toDouble()) : -1;
+    }
+
+    // A customer's payment added by the demo template with `sum`; the firm it asks for
+    // is left for the card.
+    void AddPaymentByTemplate(QWidget* editor, const QString& sum) {
+        Expect(QStringLiteral("frmBROperTemplateSelectDialog"), [sum](QDialog& dialog) {
+            ChooseTemplate(dialog, QStringLiteral("Pirkėjo apmokėjimas į banką"), sum);
+        });
+        Expect(QStringLiteral("frmObjectPicker"), [](QDialog&) {});
+        Action(editor, "mnuAddTemplate")->trigger();
+    }
+
+    // The next entry card is filled as an accountant fills it: `dollars` on the debit
+    // side, the first firm for the credit side's demand, and written. `first` sees the
+    // card before anything is changed.
+    void ExpectCardInDollarsForTheFirstFirm(const QString& dollars,
+                                            std::function<void(QDialog&)> first = {}) {
+        Expect(QStringLiteral("frmBROperRecordDialog"), [this, dollars, first](QDialog& card) {
+            if (first)
+                first(card);
+            Choose(Find<QComboBox>(&card, "cmbCurrD"), QStringLiteral("USD"));
+            Type(Find<QLineEdit>(&card, "txtSumCurrD"), dollars);
+            Expect(QStringLiteral("frmObjectPicker"), [](QDialog& picker) { PickFirst(picker); });
+            auto* credit = Find<QTreeWidget>(&card, "lvwAddressC");
+            ASSERT_NE(credit, nullptr);
+            ASSERT_EQ(credit->topLevelItemCount(), 1);
+            Q_EMIT credit->itemDoubleClicked(credit->topLevelItem(0), 0);
+            EXPECT_NE(credit->topLevelItem(0)->text(1).trimmed(), QString());
+            Click(&card, "cmdWrite");
+        });
+    }
+
     static RecordsetPtr Entries(const OrvoObjectUIOPtr& op) {
         return op->Field(QStringLiteral("BR")).toRecordset();
     }
