@@ -111,7 +111,7 @@ TEST_F(HostLayoutTest, TheHostsNodesAreNotTheComponentsAndComeAfterItsRegistrati
     QStringList componentTitles;
     for (const DLLHeader::Node& node : DLLHeader::Nodes())
         componentTitles << node.Title;
-    for (const HostLayout::Node& node : HostLayout::Nodes())
+    for (const DLLHeader::Node& node : HostLayout::Nodes())
         EXPECT_FALSE(componentTitles.contains(node.Title)) << node.Title.toStdString();
     const QList<PlainLayout::Row> roots = window_->Layout().RowsOf(QStringLiteral("AddLayout"));
     ASSERT_EQ(roots.size(), 2);

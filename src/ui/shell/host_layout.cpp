@@ -6,32 +6,38 @@
 
 namespace orvo::ui {
 
-QList<HostLayout::Node> HostLayout::Nodes() {
+QList<DLLHeader::Node> HostLayout::Nodes() {
     return {
         {host::kinds::Employee, QStringLiteral("Darbuotojai"), QStringLiteral("CEmployees"),
-         host::kinds::Employee, QString()},
+         host::kinds::Employee, true},
         {host::kinds::BankAccount, QStringLiteral("Banko sąskaitos"),
-         QStringLiteral("CBankAccounts"), host::kinds::BankAccount, QString()},
+         QStringLiteral("CBankAccounts"), host::kinds::BankAccount, true},
         {host::kinds::User, QStringLiteral("Vartotojai"), QStringLiteral("CUsers"),
-         host::kinds::User, QString()},
+         host::kinds::User, true},
         // Its own code: the firms' node of the component already holds the firms' code.
         {QStringLiteral("MYFIRM"), QStringLiteral("Mano įmonė"), QStringLiteral("CFirms"),
-         host::kinds::Firm, host::CatalogueNavigator::kOwnFirm},
+         host::kinds::Firm, true},
     };
+}
+
+QHash<QString, QString> HostLayout::Actions() {
+    return {{QStringLiteral("MYFIRM"), host::CatalogueNavigator::kOwnFirm}};
 }
 
 void HostLayout::Fill(PlainLayout& layout) {
     const LayoutNodePtr root = layout.AddLayout(Code(), Code(), Title(), QString());
     if (!root)
         return;
-    for (const Node& n : Nodes()) {
+    const QHash<QString, QString> actions = Actions();
+    for (const DLLHeader::Node& n : Nodes()) {
         const LayoutNodePtr node = root->AddNode(n.Code, n.Title, n.RightKey);
         if (!node)
             continue;
         node->SetObject(n.Object);
-        node->SetCatalogue(-1);
-        if (!n.Action.isEmpty())
-            layout.Append(QStringLiteral("SetAction"), {n.Code, n.Action});
+        if (n.Catalogue)
+            node->SetCatalogue(-1);
+        if (actions.contains(n.Code))
+            layout.Append(QStringLiteral("SetAction"), {n.Code, actions.value(n.Code)});
     }
     // The host's branch is drawn as a folder of the window style.
     layout.AddTreeIcon(Code(), QStringLiteral("stdClose"));

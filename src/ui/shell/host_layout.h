@@ -11,8 +11,10 @@
 // "SetAction" row, see HostTree).
 #pragma once
 
+#include "frame/dll_header.h"
 #include "frame/plain_layout.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -20,19 +22,13 @@ namespace orvo::ui {
 
 class HostLayout {
 public:
-    struct Node {
-        QString Code;
-        QString Title;
-        QString RightKey;
-        // What the node shows: the object code whose navigator lists it.
-        QString Object;
-        // The navigator's menu entry Enter clicks; empty for a node that lists rows.
-        QString Action;
-    };
-
     static QString Code() { return QStringLiteral("LHOST0001"); }
     static QString Title() { return QStringLiteral("Nustatymai"); }
-    static QList<Node> Nodes();
+    // The nodes, in the order shown; every one is a catalogue of the host.
+    static QList<DLLHeader::Node> Nodes();
+    // The navigator's menu entry that Enter clicks on a node, by the node's code; a node
+    // not named here lists rows.
+    static QHash<QString, QString> Actions();
 
     // Appends the branch to a filled layout: its root, nodes, their objects, catalogue
     // marks and actions, and the root's tree icon.
