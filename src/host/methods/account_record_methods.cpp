@@ -629,12 +629,7 @@ ResultRecord RegisterAccountRecordMethods(MethodRegistry& methods) {
     };
     list.append(down);
 
-    for (const MethodDefinition& m : list) {
-        const ResultRecord r = methods.Register(m);
-        if (!r.ok())
-            return r;
-    }
-    return ResultRecord::Success();
+    return RegisterAll(methods, list);
 }
 
 } // namespace orvo::host

@@ -1,5 +1,6 @@
 #include "host/methods/account_settings.h"
 
+#include "host/methods/method_helpers.h"
 #include "host/storage/database.h"
 
 #include <QMap>
@@ -7,10 +8,6 @@
 namespace orvo::host {
 
 namespace {
-
-FieldDef text(const char* name, int size) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
 
 RecordsetPtr finished(const RecordsetPtr& rs) {
     rs->AcceptChanges();
@@ -84,8 +81,8 @@ bool ReadAccountSettings(Database& db, const QString& accountCode, const QString
 }
 
 RecordsetPtr AccountSettingsRecordset(const QVector<AccountSettingRow>& rows) {
-    auto rs = Recordset::Create(
-        {text("Code", 10), text("CodeName", 255), text("Account", 30), text("AccountName", 255)});
+    auto rs = Recordset::Create({TextField("Code", 10), TextField("CodeName", 255),
+                                 TextField("Account", 30), TextField("AccountName", 255)});
     for (const AccountSettingRow& r : rows) {
         rs->AddNew();
         rs->SetField(0, r.Code);
@@ -98,7 +95,8 @@ RecordsetPtr AccountSettingsRecordset(const QVector<AccountSettingRow>& rows) {
 }
 
 RecordsetPtr PresetAccountsRecordset(const QVector<AccountSettingRow>& rows) {
-    auto rs = Recordset::Create({text("Code", 10), text("Account", 30), text("Name", 255)});
+    auto rs = Recordset::Create(
+        {TextField("Code", 10), TextField("Account", 30), TextField("Name", 255)});
     for (const AccountSettingRow& r : rows) {
         rs->AddNew();
         rs->SetField(0, r.Code);

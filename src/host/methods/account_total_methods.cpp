@@ -16,14 +16,6 @@ namespace {
 
 const QString kBaseCode = QStringLiteral("   ");
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 qint64 centsOf(const Value& v) {
     return v.isNull() ? 0 : Money::CentsFromValue(v);
 }
@@ -56,14 +48,14 @@ QString addresseeCondition(const QString& addressee, int side, ValueArray& param
 }
 
 FieldDefs accountTotalFields() {
-    return {text("Account", 20),
-            text("FCurrencyCode", 3),
-            typed("SumD", FieldType::Double),
-            typed("SumC", FieldType::Double),
-            typed("RestLt", FieldType::Double),
-            typed("SumCurrD", FieldType::Double),
-            typed("SumCurrC", FieldType::Double),
-            typed("RestCurr", FieldType::Double)};
+    return {TextField("Account", 20),
+            TextField("FCurrencyCode", 3),
+            TypedField("SumD", FieldType::Double),
+            TypedField("SumC", FieldType::Double),
+            TypedField("RestLt", FieldType::Double),
+            TypedField("SumCurrD", FieldType::Double),
+            TypedField("SumCurrC", FieldType::Double),
+            TypedField("RestCurr", FieldType::Double)};
 }
 
 MethodDefinition accountTotal() {
@@ -137,8 +129,9 @@ MethodDefinition accountTotal() {
 }
 
 FieldDefs accountsTotalFields() {
-    return {text("Account", 20), typed("SumD", FieldType::Double), typed("SumC", FieldType::Double),
-            typed("SumA", FieldType::Double), text("AccType", 1)};
+    return {TextField("Account", 20), TypedField("SumD", FieldType::Double),
+            TypedField("SumC", FieldType::Double), TypedField("SumA", FieldType::Double),
+            TextField("AccType", 1)};
 }
 
 // Debit and credit turnover of every account up to the date, from the per-day totals the

@@ -36,10 +36,6 @@ const QVector<double>& vatTariffs() {
     return tariffs;
 }
 
-FieldDef text(const char* name, int size) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
 RecordsetPtr finished(const RecordsetPtr& rs) {
     rs->AcceptChanges();
     rs->MoveFirst();
@@ -49,7 +45,7 @@ RecordsetPtr finished(const RecordsetPtr& rs) {
 MethodDefinition addresseeList() {
     MethodDefinition m;
     m.name = QStringLiteral("GetAddresseeList");
-    m.fields = {text("FOID", 8), text("Name", 100)};
+    m.fields = {TextField("FOID", 8), TextField("Name", 100)};
     m.doc = QStringLiteral("The kinds an entry may name as addressee, FOID and Name, in the "
                            "order the menus offer them.");
     m.handler = [fields = m.fields](MethodContext&, const MethodArguments&) {

@@ -18,31 +18,23 @@ namespace {
 const QString kEntryKind = QStringLiteral("O0201500");
 constexpr int kReferenceBatch = 400;
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 FieldDefs coverFields() {
-    return {text("OIDR", 50),
-            text("RelatedOIDR", 50),
-            typed("DateD", FieldType::Date),
-            text("Nr", 50),
-            text("Number", 50),
-            text("BRGUID", 38),
-            typed("SumA", FieldType::Double),
-            text("BRComment", 1000),
-            text("MonthFrom", 7),
-            typed("MonthCount", FieldType::Integer),
-            text("Comment", 1000),
-            typed("RelatedDateD", FieldType::Date),
-            typed("BRDate", FieldType::Date),
-            typed("BRSumA", FieldType::Double),
-            text("AccountD", 20),
-            text("AccountC", 20)};
+    return {TextField("OIDR", 50),
+            TextField("RelatedOIDR", 50),
+            TypedField("DateD", FieldType::Date),
+            TextField("Nr", 50),
+            TextField("Number", 50),
+            TextField("BRGUID", 38),
+            TypedField("SumA", FieldType::Double),
+            TextField("BRComment", 1000),
+            TextField("MonthFrom", 7),
+            TypedField("MonthCount", FieldType::Integer),
+            TextField("Comment", 1000),
+            TypedField("RelatedDateD", FieldType::Date),
+            TypedField("BRDate", FieldType::Date),
+            TypedField("BRSumA", FieldType::Double),
+            TextField("AccountD", 20),
+            TextField("AccountC", 20)};
 }
 
 struct Deferred {

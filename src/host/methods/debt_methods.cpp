@@ -23,14 +23,6 @@ namespace {
 const QString kEntryKind = QStringLiteral("O0201500");
 const QString kFirmKind = QStringLiteral("O0000100");
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 BOResult failed(const QueryResult& q) {
     return BOResult::Failure(q.Code == 0 ? 1 : q.Code, q.Text);
 }
@@ -44,23 +36,23 @@ RecordsetPtr finished(const RecordsetPtr& rs) {
 // ---- the debt lists ---------------------------------------------------------------
 
 FieldDefs debtFields() {
-    return {text("OIDR", 50),
-            typed("DateD", FieldType::Date),
-            text("Number", 50),
-            text("Comment", 1000),
-            text("FOIDR", 50),
-            text("AccountD", 20),
-            text("AccountC", 20),
-            typed("FullSum", FieldType::Double),
-            typed("FullSumCurr", FieldType::Double),
-            typed("LikutisLt", FieldType::Double),
-            typed("LikutisCurr", FieldType::Double),
-            text("FCurrencyCode", 3),
-            typed("RateCurr", FieldType::Double),
-            typed("CurrencyRate", FieldType::Double),
-            typed("CurrentRate", FieldType::Double),
-            typed("CurrInfluence", FieldType::Double),
-            typed("InfluenceSign", FieldType::SmallInt)};
+    return {TextField("OIDR", 50),
+            TypedField("DateD", FieldType::Date),
+            TextField("Number", 50),
+            TextField("Comment", 1000),
+            TextField("FOIDR", 50),
+            TextField("AccountD", 20),
+            TextField("AccountC", 20),
+            TypedField("FullSum", FieldType::Double),
+            TypedField("FullSumCurr", FieldType::Double),
+            TypedField("LikutisLt", FieldType::Double),
+            TypedField("LikutisCurr", FieldType::Double),
+            TextField("FCurrencyCode", 3),
+            TypedField("RateCurr", FieldType::Double),
+            TypedField("CurrencyRate", FieldType::Double),
+            TypedField("CurrentRate", FieldType::Double),
+            TypedField("CurrInfluence", FieldType::Double),
+            TypedField("InfluenceSign", FieldType::SmallInt)};
 }
 
 // The rate as the currency is quoted: what the entry keeps beside its rate, else, under a
@@ -161,7 +153,7 @@ MethodDefinition coverFirms() {
         ParameterSpec::Required(QStringLiteral("CreditAccount"), ParameterKind::Text),
         ParameterSpec::Required(QStringLiteral("DebitAccount"), ParameterKind::Text),
         ParameterSpec::Optional(QStringLiteral("Kind"), ParameterKind::Text, Value(kFirmKind))};
-    m.fields = {text("ShowString", 800), text("FOIDR", 50)};
+    m.fields = {TextField("ShowString", 800), TextField("FOIDR", 50)};
     m.doc = QStringLiteral(
         "The addressees of a kind (O0000100 when left empty) that at the date have both an "
         "open debit debt on the debit account and an open credit debt on the credit account, "
@@ -200,7 +192,7 @@ MethodDefinition coverFirms() {
         for (auto it = shown.cbegin(); it != shown.cend(); ++it)
             rows.append({it.value(), it.key()});
         std::sort(rows.begin(), rows.end());
-        RecordsetPtr rs = Recordset::Create({text("ShowString", 800), text("FOIDR", 50)});
+        RecordsetPtr rs = Recordset::Create({TextField("ShowString", 800), TextField("FOIDR", 50)});
         for (const auto& r : rows) {
             rs->AddNew();
             rs->SetField(0, r.first.left(800));
@@ -219,7 +211,8 @@ MethodDefinition propertiesByAccount() {
         ParameterSpec::Required(QStringLiteral("Account"), ParameterKind::Text),
         ParameterSpec::Required(QStringLiteral("Addressee"), ParameterKind::Text),
         ParameterSpec::Optional(QStringLiteral("Sign"), ParameterKind::Integer, Value(0))};
-    m.fields = {text("FOIDR", 50), text("ShowString", 800), typed("Sign", FieldType::SmallInt)};
+    m.fields = {TextField("FOIDR", 50), TextField("ShowString", 800),
+                TypedField("Sign", FieldType::SmallInt)};
     m.doc = QStringLiteral(
         "The addressee rows that entries of the account carry together with the addressee on "
         "the side (1 debit, -1 credit, 0 either), so that a new entry of that account and "
@@ -233,8 +226,8 @@ MethodDefinition propertiesByAccount() {
         const QString account = args.Text(QStringLiteral("Account")).trimmed();
         const QString addressee = args.Text(QStringLiteral("Addressee")).trimmed();
         const int sign = args.Integer(QStringLiteral("Sign"));
-        RecordsetPtr rs = Recordset::Create(
-            {text("FOIDR", 50), text("ShowString", 800), typed("Sign", FieldType::SmallInt)});
+        RecordsetPtr rs = Recordset::Create({TextField("FOIDR", 50), TextField("ShowString", 800),
+                                             TypedField("Sign", FieldType::SmallInt)});
         if (addressee.size() < 9)
             return BOResult::Of(Value(finished(rs)));
         const QPair<QString, QString> refs = DebtQuery::KindRange(kEntryKind);
@@ -305,10 +298,10 @@ MethodDefinition checkInfluenceType() {
         ParameterSpec::Required(QStringLiteral("IncomeAccount"), ParameterKind::Text),
         ParameterSpec::Required(QStringLiteral("ExpenseAccount"), ParameterKind::Text),
         ParameterSpec::Optional(QStringLiteral("Variant"), ParameterKind::Integer, Value(0))};
-    m.fields = {text("OIDR", 50),     typed("DateD", FieldType::Date),
-                text("Number", 50),   text("AccountD", 20),
-                text("AccountC", 20), typed("SumA", FieldType::Double),
-                text("Comment", 1000)};
+    m.fields = {TextField("OIDR", 50),     TypedField("DateD", FieldType::Date),
+                TextField("Number", 50),   TextField("AccountD", 20),
+                TextField("AccountC", 20), TypedField("SumA", FieldType::Double),
+                TextField("Comment", 1000)};
     m.doc = QStringLiteral(
         "Earlier rate-change entries of the account (debit the account and credit the income "
         "account, or debit the expense account and credit the account) made by the other "
@@ -332,10 +325,10 @@ MethodDefinition checkInfluenceType() {
             (byBalance ? QStringLiteral("") : QStringLiteral("NOT ")) +
             QStringLiteral("EXISTS (SELECT 1 FROM BRProperties x WHERE x.BRID = b.ID AND "
                            "x.FOIDR >= ? AND x.FOIDR < ?)");
-        RecordsetPtr rs =
-            Recordset::Create({text("OIDR", 50), typed("DateD", FieldType::Date),
-                               text("Number", 50), text("AccountD", 20), text("AccountC", 20),
-                               typed("SumA", FieldType::Double), text("Comment", 1000)});
+        RecordsetPtr rs = Recordset::Create(
+            {TextField("OIDR", 50), TypedField("DateD", FieldType::Date), TextField("Number", 50),
+             TextField("AccountD", 20), TextField("AccountC", 20),
+             TypedField("SumA", FieldType::Double), TextField("Comment", 1000)});
         struct Row {
             QDate date;
             qint64 id;
@@ -376,17 +369,17 @@ MethodDefinition checkInfluenceType() {
 MethodDefinition selectParameters() {
     MethodDefinition m;
     m.name = QStringLiteral("GetSelectParameters");
-    m.fields = {text("OIDR", 50),
-                text("FOIDR", 50),
-                typed("DateD", FieldType::Date),
-                text("Comment", 1000),
-                text("Info", 1000),
-                typed("PaymentSum", FieldType::Double),
-                typed("PaymentSumCurr", FieldType::Double),
-                text("PaymentCurrCode", 3),
-                typed("PaymentCurrRate", FieldType::Double),
-                text("AccountD", 20),
-                text("AccountC", 20)};
+    m.fields = {TextField("OIDR", 50),
+                TextField("FOIDR", 50),
+                TypedField("DateD", FieldType::Date),
+                TextField("Comment", 1000),
+                TextField("Info", 1000),
+                TypedField("PaymentSum", FieldType::Double),
+                TypedField("PaymentSumCurr", FieldType::Double),
+                TextField("PaymentCurrCode", 3),
+                TypedField("PaymentCurrRate", FieldType::Double),
+                TextField("AccountD", 20),
+                TextField("AccountC", 20)};
     m.doc = QStringLiteral("An empty recordset of the fields that open the selection window on "
                            "an entry: the operation's OIDR, the addressee, the date, texts, the "
                            "payment and the debt account on its side.");
@@ -402,8 +395,8 @@ MethodDefinition operationsByNumber() {
     m.parameters = {
         ParameterSpec::Required(QStringLiteral("Number"), ParameterKind::Text),
         ParameterSpec::Optional(QStringLiteral("BROperGroupID"), ParameterKind::Integer, Value(0))};
-    m.fields = {text("ClientName", 800), text("FOIDR", 50), text("OIDR", 50),
-                typed("DateD", FieldType::Date), text("Number", 50)};
+    m.fields = {TextField("ClientName", 800), TextField("FOIDR", 50), TextField("OIDR", 50),
+                TypedField("DateD", FieldType::Date), TextField("Number", 50)};
     m.doc = QStringLiteral(
         "The clients (firms, natural persons, employees) that stand as addressees on the "
         "entries of operations bearing the document number, in that group when a group is "
@@ -460,9 +453,9 @@ MethodDefinition operationsByNumber() {
                                      QString::number(static_cast<qint64>(f.At(i, 0).toDouble())),
                                  f.At(i, 1).toString());
         }
-        RecordsetPtr rs =
-            Recordset::Create({text("ClientName", 800), text("FOIDR", 50), text("OIDR", 50),
-                               typed("DateD", FieldType::Date), text("Number", 50)});
+        RecordsetPtr rs = Recordset::Create(
+            {TextField("ClientName", 800), TextField("FOIDR", 50), TextField("OIDR", 50),
+             TypedField("DateD", FieldType::Date), TextField("Number", 50)});
         for (const int i : picked) {
             const QString foidr = q.At(i, 3).toString();
             const QString firmName = firmNames.value(foidr);

@@ -12,21 +12,17 @@ namespace orvo::host {
 
 namespace {
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
 BOResult failed(const QString& text) {
     return BOResult::Failure(bo_codes::MethodFailed, text);
 }
 
 FieldDefs documentTypeFields() {
-    return {text("Code", 50), text("Name", 255)};
+    return {TextField("Code", 50), TextField("Name", 255)};
 }
 
 FieldDefs templateTypeFields() {
-    return {FieldDef::Make(QStringLiteral("ID"), FieldType::Integer), text("Preview", 255),
-            text("DocumentTypeCodes", 255)};
+    return {FieldDef::Make(QStringLiteral("ID"), FieldType::Integer), TextField("Preview", 255),
+            TextField("DocumentTypeCodes", 255)};
 }
 
 RecordsetPtr finished(const RecordsetPtr& rs) {
@@ -113,12 +109,7 @@ ResultRecord RegisterDocumentTypeMethods(MethodRegistry& methods) {
                                                    a.Integer(QStringLiteral("GroupID")));
                    }),
     };
-    for (const MethodDefinition& m : list) {
-        const ResultRecord r = methods.Register(m);
-        if (!r.ok())
-            return r;
-    }
-    return ResultRecord::Success();
+    return RegisterAll(methods, list);
 }
 
 } // namespace orvo::host

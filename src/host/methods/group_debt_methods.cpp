@@ -20,14 +20,6 @@ namespace {
 const QString kCreate = QStringLiteral("DO0201400_CreateFullSum");
 const QString kRead = QStringLiteral("DO0201400_GetGroupDebts");
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 BOResult failed(const QString& text) {
     return BOResult::Failure(bo_codes::MethodFailed, text);
 }
@@ -41,20 +33,20 @@ qint64 idOf(const Value& v) {
 }
 
 FieldDefs countFields() {
-    return {typed("Count", FieldType::Integer)};
+    return {TypedField("Count", FieldType::Integer)};
 }
 
 FieldDefs debtFields() {
-    return {typed("BRID", FieldType::Integer),
-            typed("BROperID", FieldType::Integer),
-            typed("DateAt", FieldType::Date),
-            typed("DateD", FieldType::Date),
-            text("Account", 30),
-            typed("Sign", FieldType::SmallInt),
-            text("FOIDR", 50),
-            text("CurrencyCode", 3),
-            typed("RestA", FieldType::Double),
-            typed("RestCurr", FieldType::Double)};
+    return {TypedField("BRID", FieldType::Integer),
+            TypedField("BROperID", FieldType::Integer),
+            TypedField("DateAt", FieldType::Date),
+            TypedField("DateD", FieldType::Date),
+            TextField("Account", 30),
+            TypedField("Sign", FieldType::SmallInt),
+            TextField("FOIDR", 50),
+            TextField("CurrencyCode", 3),
+            TypedField("RestA", FieldType::Double),
+            TypedField("RestCurr", FieldType::Double)};
 }
 
 BOResult countResult(qint64 count) {
@@ -228,12 +220,7 @@ ResultRecord RegisterGroupDebtMethods(MethodRegistry& methods) {
                        return groupDebts(*ctx.database, a.Integer(QStringLiteral("GroupID")));
                    }),
     };
-    for (const MethodDefinition& m : list) {
-        const ResultRecord r = methods.Register(m);
-        if (!r.ok())
-            return r;
-    }
-    return ResultRecord::Success();
+    return RegisterAll(methods, list);
 }
 
 } // namespace orvo::host

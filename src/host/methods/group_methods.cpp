@@ -22,14 +22,6 @@ namespace orvo::host {
 
 namespace {
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 BOResult failed(const QString& message) {
     return BOResult::Failure(bo_codes::MethodFailed, message);
 }
@@ -50,7 +42,7 @@ qint64 idOf(const Value& v) {
 }
 
 FieldDefs formTypeFields() {
-    return {text("Name", 100), text("OID", 8)};
+    return {TextField("Name", 100), TextField("OID", 8)};
 }
 
 BOResult formTypes() {
@@ -65,12 +57,12 @@ BOResult formTypes() {
 }
 
 FieldDefs firmAccountFields() {
-    return {text("AccountNumber", 50),
-            text("Name", 255),
-            text("AccOIDR", 30),
-            text("Preview", 255),
-            typed("MainAccountFlag", FieldType::SmallInt),
-            text("OIDR", 30)};
+    return {TextField("AccountNumber", 50),
+            TextField("Name", 255),
+            TextField("AccOIDR", 30),
+            TextField("Preview", 255),
+            TypedField("MainAccountFlag", FieldType::SmallInt),
+            TextField("OIDR", 30)};
 }
 
 BOResult myFirmAccounts(Database& db) {
@@ -138,7 +130,7 @@ QDate dateBound(const QString& text) {
 }
 
 FieldDefs listFields() {
-    return {text("OIDR", 30), text("OType", 20), text("Preview")};
+    return {TextField("OIDR", 30), TextField("OType", 20), TextField("Preview")};
 }
 
 // `firstRow`..`lastRow` (1-based, 0 for no bound) is a window on the whole list, so that a
@@ -219,8 +211,8 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
 }
 
 FieldDefs autoNumberFields() {
-    return {typed("AutoNumber", FieldType::Integer), text("ANMask", 100), text("ANPrefix", 50),
-            text("ANTemplate", 50)};
+    return {TypedField("AutoNumber", FieldType::Integer), TextField("ANMask", 100),
+            TextField("ANPrefix", 50), TextField("ANTemplate", 50)};
 }
 
 BOResult autoNumber(Database& db, const MethodArguments& a) {
@@ -287,7 +279,8 @@ ResultRecord RegisterGroupMethods(MethodRegistry& methods) {
             });
     list << BookMethod(
         QStringLiteral("DO0201400_GetAccountSettings"), {optionalText("AccountCode")},
-        {text("Code", 10), text("CodeName", 255), text("Account", 30), text("AccountName", 255)},
+        {TextField("Code", 10), TextField("CodeName", 255), TextField("Account", 30),
+         TextField("AccountName", 255)},
         QStringLiteral("The account settings of a group's named set: the chart's "
                        "roles, with the Codes the set names replaced by its rows."),
         [](MethodContext& ctx, const MethodArguments& a) {
@@ -296,7 +289,7 @@ ResultRecord RegisterGroupMethods(MethodRegistry& methods) {
         });
     list << BookMethod(QStringLiteral("DO0201400_GetPresetAccounts"),
                        {optionalText("Code"), optionalText("AccountCode")},
-                       {text("Code", 10), text("Account", 30), text("Name", 255)},
+                       {TextField("Code", 10), TextField("Account", 30), TextField("Name", 255)},
                        QStringLiteral("The account settings read by Code (PresetAccounts): rows "
                                       "Code, Account, Name; the book-wide ones without a set."),
                        [](MethodContext& ctx, const MethodArguments& a) {

@@ -1,6 +1,7 @@
 #include "host/methods/method_helpers.h"
 
 #include "host/methods/method_context.h"
+#include "host/methods/method_registry.h"
 #include "host/storage/database.h"
 
 namespace orvo::host {
@@ -49,6 +50,23 @@ QString PagingClause(const Database& db, int from, int to, ValueArray& params) {
     // SQLite wants a LIMIT before an OFFSET; PostgreSQL takes OFFSET alone.
     return db.Kind() == Backend::PostgreSQL ? QStringLiteral(" OFFSET ?")
                                             : QStringLiteral(" LIMIT -1 OFFSET ?");
+}
+
+FieldDef TextField(const char* name, int size) {
+    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
+}
+
+FieldDef TypedField(const char* name, FieldType type) {
+    return FieldDef::Make(QString::fromLatin1(name), type);
+}
+
+ResultRecord RegisterAll(MethodRegistry& methods, const QVector<MethodDefinition>& list) {
+    for (const MethodDefinition& m : list) {
+        const ResultRecord r = methods.Register(m);
+        if (!r.ok())
+            return r;
+    }
+    return ResultRecord::Success();
 }
 
 } // namespace orvo::host

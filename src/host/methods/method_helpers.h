@@ -1,7 +1,8 @@
 // Small pieces every group of business-object methods needs, kept in one place: the
 // refusal of a method that needs a book when the session has none, a method definition
-// that refuses so before its body runs, the recordset a storing method was handed, and
-// the paging of lists by 1-based positions.
+// that refuses so before its body runs, the recordset a storing method was handed, the
+// paging of lists by 1-based positions, the fields of the rows methods answer with, and
+// the registration of a group of methods.
 #pragma once
 
 #include "core/recordset.h"
@@ -13,6 +14,7 @@
 namespace orvo::host {
 
 class Database;
+class MethodRegistry;
 
 // "<method>: knyga neatidaryta." with a non-zero code.
 BOResult NoBookResult(const QString& method);
@@ -29,5 +31,10 @@ int ListPosition(const QString& text);
 // " LIMIT ? OFFSET ?" (or its open-ended form) for positions `from`..`to`, 0 meaning
 // from the start / to the end, in the book's dialect; appends the parameters.
 QString PagingClause(const Database& db, int from, int to, ValueArray& params);
+// A text field of a method's rows (size 0: unbounded), and a field of another type.
+FieldDef TextField(const char* name, int size = 0);
+FieldDef TypedField(const char* name, FieldType type);
+// Registers every definition of a group, stopping at the first the registry refuses.
+ResultRecord RegisterAll(MethodRegistry& methods, const QVector<MethodDefinition>& list);
 
 } // namespace orvo::host

@@ -22,14 +22,6 @@ namespace orvo::host {
 
 namespace {
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 BOResult failed(const QString& text) {
     return BOResult::Failure(bo_codes::MethodFailed, text);
 }
@@ -99,13 +91,13 @@ QString factorText(double factor) {
 // ---- the tree ----------------------------------------------------------------------
 
 FieldDefs listFields() {
-    return {text("OIDR", 30),
-            text("OType", 20),
-            text("Preview"),
-            typed("ID", FieldType::Integer),
-            typed("ParentID", FieldType::Integer),
-            typed("GroupFlag", FieldType::SmallInt),
-            text("Name")};
+    return {TextField("OIDR", 30),
+            TextField("OType", 20),
+            TextField("Preview"),
+            TypedField("ID", FieldType::Integer),
+            TypedField("ParentID", FieldType::Integer),
+            TypedField("GroupFlag", FieldType::SmallInt),
+            TextField("Name")};
 }
 
 BOResult childList(Database& db, const ObjectKind& kind, const QString& oid, int from, int to) {
@@ -143,14 +135,14 @@ BOResult childList(Database& db, const ObjectKind& kind, const QString& oid, int
 }
 
 FieldDefs templateListFields() {
-    return {typed("ID", FieldType::Integer),
-            text("ParentCode"),
-            text("OwnCode"),
-            typed("GroupFlag", FieldType::SmallInt),
-            text("Preview"),
-            text("AccPreview"),
-            text("OIDR", 30),
-            text("Name")};
+    return {TypedField("ID", FieldType::Integer),
+            TextField("ParentCode"),
+            TextField("OwnCode"),
+            TypedField("GroupFlag", FieldType::SmallInt),
+            TextField("Preview"),
+            TextField("AccPreview"),
+            TextField("OIDR", 30),
+            TextField("Name")};
 }
 
 BOResult templateList(Database& db, const ObjectKind& kind, qint64 groupId) {
@@ -226,16 +218,16 @@ BOResult templateList(Database& db, const ObjectKind& kind, qint64 groupId) {
 // ---- the lines of one template -------------------------------------------------------
 
 FieldDefs demandFields() {
-    return {typed("Sign", FieldType::SmallInt), text("FOID", 20), text("FOIDR", 50),
-            text("ShowString", 800)};
+    return {TypedField("Sign", FieldType::SmallInt), TextField("FOID", 20), TextField("FOIDR", 50),
+            TextField("ShowString", 800)};
 }
 
 FieldDefs linesFields() {
-    return {typed("ID", FieldType::Integer),
-            text("GUID", 38),
-            text("AccountD", 20),
-            text("AccountC", 20),
-            typed("Factor", FieldType::Double),
+    return {TypedField("ID", FieldType::Integer),
+            TextField("GUID", 38),
+            TextField("AccountD", 20),
+            TextField("AccountC", 20),
+            TypedField("Factor", FieldType::Double),
             FieldDef::Chapter(QStringLiteral("RequiredAddr"), demandFields())};
 }
 
@@ -310,7 +302,7 @@ BOResult enabledAddressee(MethodContext& ctx, const QString& account, int sign) 
     const BOResult kinds = rule->handler(ctx, args);
     if (!kinds.ok())
         return kinds;
-    auto rs = Recordset::Create({text("FOID", 20), text("Name", 100)});
+    auto rs = Recordset::Create({TextField("FOID", 20), TextField("Name", 100)});
     QSet<QString> seen;
     if (const RecordsetPtr from = kinds.Data.toRecordset()) {
         for (from->MoveFirst(); !from->Eof(); from->MoveNext()) {
@@ -437,7 +429,7 @@ BOResult addTemplateSet(Database& db, const ObjectKind& kind, const QString& obj
     const ResultRecord committed = tx.Commit();
     if (!committed.ok())
         return BOResult::Failure(committed.Code, committed.Text);
-    auto rs = Recordset::Create({text("OIDR", 30), typed("ID", FieldType::Integer)});
+    auto rs = Recordset::Create({TextField("OIDR", 30), TypedField("ID", FieldType::Integer)});
     rs->AddNew();
     rs->SetField(QStringLiteral("OIDR"), ObjectStore::OIDRFor(kind, root));
     rs->SetField(QStringLiteral("ID"), Value(double(root)));
@@ -524,7 +516,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
         });
     list << BookMethod(
         prefix + QStringLiteral("SaveOrvoObject"), {optionalText("OIDR")},
-        {text("OIDR", 30), typed("ID", FieldType::Integer), text("LockGUID", 40)},
+        {TextField("OIDR", 30), TypedField("ID", FieldType::Integer), TextField("LockGUID", 40)},
         QStringLiteral("Stores the template handed in with its entries and addressees in one "
                        "transaction and renews the tree codes (OwnCode, ParentCode) of it and "
                        "of all below it. Refused: a parent that is gone or is not a group, a "
@@ -541,7 +533,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
             return store.Save(*kind, id, InputRecordset(a.Input()));
         });
     list << BookMethod(prefix + QStringLiteral("DeleteOrvoObject"), {requiredText("OIDR")},
-                       {typed("Count", FieldType::Integer)},
+                       {TypedField("Count", FieldType::Integer)},
                        QStringLiteral("Removes the template with its entries, or the group with "
                                       "everything below it (as DeleteTemplateSet)."),
                        [kind](MethodContext& ctx, const MethodArguments& a) {
@@ -588,7 +580,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
         prefix + QStringLiteral("GetEnabledAddressee"),
         {requiredText("Account"),
          ParameterSpec::Optional(QStringLiteral("Sign"), ParameterKind::Integer, Value(qint32(0)))},
-        {text("FOID", 20), text("Name", 100)},
+        {TextField("FOID", 20), TextField("Name", 100)},
         QStringLiteral("The addressee kinds the account allows (the chart's "
                        "GetEnabledAddressee), each once, with its name; Sign 1 or -1 "
                        "keeps one side's."),
@@ -600,7 +592,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
         QStringLiteral("AddBRTemplateSet"),
         {requiredText("Object"), requiredText("Key"),
          ParameterSpec::Optional(QStringLiteral("ID"), ParameterKind::Integer, Value(qint32(0)))},
-        {text("OIDR", 30), typed("ID", FieldType::Integer)},
+        {TextField("OIDR", 30), TypedField("ID", FieldType::Integer)},
         QStringLiteral("Copies a template set (a group with all it holds, or one "
                        "template) into the group ID (0: the top level) with new "
                        "GUIDs; the copy's OIDR and ID."),
@@ -609,7 +601,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
                                   a.Text(QStringLiteral("Key")), a.Integer(QStringLiteral("ID")));
         });
     list << BookMethod(QStringLiteral("DeleteTemplateSet"), {requiredText("OIDR")},
-                       {typed("Count", FieldType::Integer)},
+                       {TypedField("Count", FieldType::Integer)},
                        QStringLiteral("Removes a template with its entries, or a group with every "
                                       "group and template below it; how many records went."),
                        [kind](MethodContext& ctx, const MethodArguments& a) {
@@ -620,12 +612,7 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
                            return deleteTemplateSet(*ctx.database, id);
                        });
 
-    for (const MethodDefinition& m : list) {
-        const ResultRecord r = methods.Register(m);
-        if (!r.ok())
-            return r;
-    }
-    return ResultRecord::Success();
+    return RegisterAll(methods, list);
 }
 
 } // namespace orvo::host

@@ -15,21 +15,13 @@ namespace orvo::host {
 
 namespace {
 
-FieldDef text(const char* name, int size = 0) {
-    return FieldDef::Make(QString::fromLatin1(name), FieldType::VarWChar, size);
-}
-
-FieldDef typed(const char* name, FieldType type) {
-    return FieldDef::Make(QString::fromLatin1(name), type);
-}
-
 BOResult notAReference(const QString& method, const QString& oidr) {
     return BOResult::Failure(
         1, QStringLiteral("%1: „%2“ nėra operacijos įrašo nuoroda.").arg(method, oidr));
 }
 
 RecordsetPtr listRecordset() {
-    return Recordset::Create({text("OIDR", 30), text("OType", 20), text("Preview")});
+    return Recordset::Create({TextField("OIDR", 30), TextField("OType", 20), TextField("Preview")});
 }
 
 // List rows OIDR, OType, Preview of operations read as ID, OType, DateD, Number, Comment.
@@ -118,7 +110,8 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
     save.name = prefix + QStringLiteral("SaveOrvoObject");
     save.parameters = {
         ParameterSpec::Optional(QStringLiteral("OIDR"), ParameterKind::Text, Value(QString()))};
-    save.fields = {text("OIDR", 30), typed("ID", FieldType::Integer), text("LockGUID", 40)};
+    save.fields = {TextField("OIDR", 30), TypedField("ID", FieldType::Integer),
+                   TextField("LockGUID", 40)};
     save.doc = QStringLiteral("Stores the operation handed in with its entries in one "
                               "transaction, stamps who changed it and logs the change. Refused "
                               "(777, nothing stored): a sum not above zero, an account outside "
@@ -164,7 +157,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
         ParameterSpec::Optional(QStringLiteral("OID"), ParameterKind::Text, Value(QString())),
         ParameterSpec::Optional(QStringLiteral("From"), ParameterKind::Text, Value(QString())),
         ParameterSpec::Optional(QStringLiteral("To"), ParameterKind::Text, Value(QString()))};
-    list.fields = {text("OIDR", 30), text("OType", 20), text("Preview")};
+    list.fields = {TextField("OIDR", 30), TextField("OType", 20), TextField("Preview")};
     list.doc = QStringLiteral("Operations by date: OIDR, OType (the document kind), Preview "
                               "(date, number, comment). An OID whose number follows its code "
                               "(a group's reference) lists that group's operations only. From "
@@ -224,7 +217,8 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
     MethodDefinition log;
     log.name = QStringLiteral("GetBROperLog");
     log.parameters = {ParameterSpec::Required(QStringLiteral("OIDR"), ParameterKind::Text)};
-    log.fields = {typed("Date", FieldType::DBTimeStamp), text("User"), text("Action")};
+    log.fields = {TypedField("Date", FieldType::DBTimeStamp), TextField("User"),
+                  TextField("Action")};
     log.doc = QStringLiteral("The change protocol of an operation, oldest first: Date of the "
                              "change, User (the name, or the login when it has none), Action "
                              "(Sukurta, Pakeista, Panaikinta).");
@@ -242,7 +236,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
         if (!q.ok())
             return BOResult::Failure(1, q.Text);
         RecordsetPtr out = Recordset::Create(
-            {typed("Date", FieldType::DBTimeStamp), text("User"), text("Action")});
+            {TypedField("Date", FieldType::DBTimeStamp), TextField("User"), TextField("Action")});
         for (int i = 0; i < q.RowCount(); ++i) {
             out->AddNew();
             out->SetField(QStringLiteral("Date"), q.At(i, 0));
@@ -261,15 +255,15 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
     MethodDefinition related;
     related.name = QStringLiteral("GetRelatedBR");
     related.parameters = {ParameterSpec::Required(QStringLiteral("OIDR"), ParameterKind::Text)};
-    related.fields = {text("OIDR", 30),
-                      typed("ID", FieldType::Integer),
-                      typed("DateD", FieldType::Date),
-                      typed("SumA", FieldType::Double),
-                      text("AccountD", 20),
-                      text("AccountC", 20),
-                      text("Info"),
-                      typed("Sign", FieldType::SmallInt),
-                      text("FOIDR", 50)};
+    related.fields = {TextField("OIDR", 30),
+                      TypedField("ID", FieldType::Integer),
+                      TypedField("DateD", FieldType::Date),
+                      TypedField("SumA", FieldType::Double),
+                      TextField("AccountD", 20),
+                      TextField("AccountC", 20),
+                      TextField("Info"),
+                      TypedField("Sign", FieldType::SmallInt),
+                      TextField("FOIDR", 50)};
     related.doc = QStringLiteral("Entries of other operations whose addressee rows refer to an "
                                  "entry of this operation (FOIDR \"O0201500\" + that entry's "
                                  "number): the other operation's OIDR, the entry's ID, DateD, "
@@ -290,9 +284,10 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
         if (!mine.ok())
             return BOResult::Failure(1, mine.Text);
         RecordsetPtr out = Recordset::Create(
-            {text("OIDR", 30), typed("ID", FieldType::Integer), typed("DateD", FieldType::Date),
-             typed("SumA", FieldType::Double), text("AccountD", 20), text("AccountC", 20),
-             text("Info"), typed("Sign", FieldType::SmallInt), text("FOIDR", 50)});
+            {TextField("OIDR", 30), TypedField("ID", FieldType::Integer),
+             TypedField("DateD", FieldType::Date), TypedField("SumA", FieldType::Double),
+             TextField("AccountD", 20), TextField("AccountC", 20), TextField("Info"),
+             TypedField("Sign", FieldType::SmallInt), TextField("FOIDR", 50)});
         for (int m = 0; m < mine.RowCount(); ++m) {
             const QString ref =
                 ObjectStore::OIDRFor(*kind, static_cast<qint64>(mine.At(m, 0).toDouble()));
@@ -329,7 +324,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
     maxNumber.name = QStringLiteral("GetBROperMaxNumber");
     maxNumber.parameters = {
         ParameterSpec::Required(QStringLiteral("BROperGroupID"), ParameterKind::Integer)};
-    maxNumber.fields = {typed("MaxNumber", FieldType::Integer)};
+    maxNumber.fields = {TypedField("MaxNumber", FieldType::Integer)};
     maxNumber.doc = QStringLiteral("The highest counter (AutoNumber) of the group's operations; "
                                    "0 for a group without any.");
     maxNumber.handler = [name = maxNumber.name](MethodContext& ctx, const MethodArguments& args) {
@@ -341,7 +336,7 @@ ResultRecord RegisterOperationMethods(MethodRegistry& methods, const SessionUser
             {Value(args.Integer(QStringLiteral("BROperGroupID")))});
         if (!q.ok())
             return BOResult::Failure(1, q.Text);
-        RecordsetPtr out = Recordset::Create({typed("MaxNumber", FieldType::Integer)});
+        RecordsetPtr out = Recordset::Create({TypedField("MaxNumber", FieldType::Integer)});
         out->AddNew();
         out->SetField(QStringLiteral("MaxNumber"), Value(q.Scalar().toInt32()));
         out->Update();
