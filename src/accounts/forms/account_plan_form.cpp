@@ -454,8 +454,12 @@ bool FrmAccountPlan::dropNewAccount(const QString& key) {
     QString preview = NzString(dragged->Field(QStringLiteral("Preview")));
     if (preview.isEmpty())
         preview = dragged->Preview();
-    editor_->NewAccountText =
-        NzString(dragged->Field(QStringLiteral("Account"))) + QLatin1Char(' ') + preview;
+    // The box shows the number, a blank and the preview; the book's preview of an account
+    // already begins with its number, which is not written twice.
+    const QString account = NzString(dragged->Field(QStringLiteral("Account")));
+    editor_->NewAccountText = preview.startsWith(account + QLatin1Char(' '))
+                                  ? preview
+                                  : account + QLatin1Char(' ') + preview;
     newAcc_->setText(editor_->NewAccountText);
     refreshButtons();
     return true;
