@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QPair>
 #include <algorithm>
+#include <utility>
 
 namespace orvo::host {
 
@@ -117,13 +118,14 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
                                        QVector<int>& uncounted) {
     const QPair<QString, QString> refs = KindRange(kEntryKind);
     const QString addressee = s.Addressee.trimmed();
-    // SQLite takes the tables in the order written around CROSS JOIN: the account's entries
-    // lead for a whole kind, the addressee's rows for one addressee.
+    // SQLite takes the tables in the order written around CROSS JOIN: the addressee's rows
+    // lead for one addressee, the account's debts still open for a whole kind.
     const QString ordered =
         db_.Kind() == Backend::SQLite ? QStringLiteral(" CROSS JOIN ") : QStringLiteral(" JOIN ");
-    // What covered the debt, when anything did.
-    const QString kept = QStringLiteral(" LEFT JOIN BROpenItems k ON k.BRID = b.ID AND k.Sign = ") +
-                         QString::number(sign);
+    const QString keptSide = QStringLiteral("k.BRID = b.ID AND k.Sign = ") + QString::number(sign);
+    // A kept debt with an addressee is open at the date while ClosedOn lies after it.
+    const QStringList keptOpen{QStringLiteral("k.Account = ?"), QStringLiteral("k.DateD <= ?"),
+                               QStringLiteral("k.ClosedOn > ?")};
     QString from;
     QStringList where;
     ValueArray params;
@@ -138,48 +140,49 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
             who = {addressee};
         }
         from = QStringLiteral("BRProperties p") + ordered +
-               QStringLiteral("BR b ON b.ID = p.BRID") + kept;
+               QStringLiteral("BR b ON b.ID = p.BRID") + ordered +
+               QStringLiteral("BROpenItems k ON ") + keptSide;
         where << QStringLiteral("p.FOIDR IN (") + placeholders(who.size()) + QLatin1Char(')')
-              << sideCondition(QStringLiteral("p"), sign);
+              << sideCondition(QStringLiteral("p"), sign) << keptOpen;
         for (const QString& w : who)
             params << Value(w);
+        params << Value(s.Account) << Value(s.Date) << Value(s.Date);
     } else if (addressee.size() == 8) {
-        // A whole kind: the account's entries through its index, those closed by the date
-        // left before their addressees are read.
+        // A whole kind: the account's debts still open, then their addressees of the kind.
         const QPair<QString, QString> kind = KindRange(addressee);
-        from = QStringLiteral("BR b") + kept + ordered +
-               QStringLiteral("BRProperties p ON p.BRID = b.ID AND ") +
+        from = QStringLiteral("BROpenItems k") + ordered + QStringLiteral("BR b ON ") + keptSide +
+               ordered + QStringLiteral("BRProperties p ON p.BRID = b.ID AND ") +
                sideCondition(QStringLiteral("p"), sign) +
                QStringLiteral(" AND p.FOIDR >= ? AND p.FOIDR < ?");
-        params << Value(kind.first) << Value(kind.second);
+        where << keptOpen;
+        params << Value(kind.first) << Value(kind.second) << Value(s.Account) << Value(s.Date)
+               << Value(s.Date);
     } else {
-        // Any addressee or none: the first addressee of the side that is no reference.
-        from = QStringLiteral("BR b") + kept +
+        // Any addressee or none: every entry of the account, with the first addressee of the
+        // side that is no reference. An entry side without a kept row has no addressee and
+        // was never covered; it is a debt unless it refers to an entry on that side.
+        from = QStringLiteral("BR b LEFT JOIN BROpenItems k ON ") + keptSide +
                QStringLiteral(" LEFT JOIN BRProperties p ON p.BRID = b.ID AND ") +
                sideCondition(QStringLiteral("p"), sign) +
                QStringLiteral(" AND NOT (p.FOIDR >= ? AND p.FOIDR < ?)");
-        params << Value(refs.first) << Value(refs.second);
+        where << QStringLiteral("b.") + accountColumn(sign) + QStringLiteral(" = ?")
+              << QStringLiteral("b.DateD <= ?")
+              << QStringLiteral("(CASE WHEN k.BRID IS NOT NULL THEN k.ClosedOn > ? ELSE NOT "
+                                "EXISTS (SELECT 1 FROM BRProperties x WHERE x.BRID = b.ID AND ") +
+                     sideCondition(QStringLiteral("x"), sign) +
+                     QStringLiteral(" AND x.FOIDR >= ? AND x.FOIDR < ?) END)");
+        params << Value(refs.first) << Value(refs.second) << Value(s.Account) << Value(s.Date)
+               << Value(s.Date) << Value(refs.first) << Value(refs.second);
     }
     from += QStringLiteral(" JOIN BROpers o ON o.ID = b.BROperID LEFT JOIN BRCurrency c ON "
                            "c.BRID = b.ID AND ") +
             sideCondition(QStringLiteral("c"), sign);
-    where << QStringLiteral("b.") + accountColumn(sign) + QStringLiteral(" = ?")
-          << QStringLiteral("b.DateD <= ?")
-          // A kept debt is a debt, left when covered to nothing by the date; any other
-          // entry is one unless it refers to an entry on the side.
-          << QStringLiteral("(CASE WHEN k.BRID IS NOT NULL THEN (k.LastCoverDate > ? OR "
-                            "k.RestSum <> 0 OR k.RestSumCurr <> 0) ELSE NOT EXISTS (SELECT 1 "
-                            "FROM BRProperties x WHERE x.BRID = b.ID AND ") +
-                 sideCondition(QStringLiteral("x"), sign) +
-                 QStringLiteral(" AND x.FOIDR >= ? AND x.FOIDR < ?) END)");
-    params << Value(s.Account) << Value(s.Date) << Value(s.Date) << Value(refs.first)
-           << Value(refs.second);
     const QString full =
         QStringLiteral("SELECT b.ID, b.BROperID, b.DateD, b.SumA, b.AccountD, b.AccountC, b.Info, "
                        "b.CurrencyRate%1, o.Number, o.Comment, p.FOIDR, p.ShowString, "
                        "c.FCurrencyCode, c.SumCurr, c.RateCurr, k.RestSum, k.RestSumCurr, "
-                       "CASE WHEN k.BRID IS NULL THEN 0 WHEN k.LastCoverDate <= ? THEN 1 ELSE 2 "
-                       "END FROM ")
+                       "CASE WHEN k.BRID IS NULL THEN 0 WHEN k.LastCoverDate IS NULL OR "
+                       "k.LastCoverDate <= ? THEN 1 ELSE 2 END FROM ")
             .arg(sign == 1 ? QLatin1Char('D') : QLatin1Char('C')) +
         from + QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND ")) +
         QStringLiteral(" ORDER BY b.DateD, b.ID, p.ID");
@@ -214,14 +217,14 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
         d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : centsAt(q, i, 13);
         d.RateCurr = q.At(i, 14).isNull() ? 0 : q.At(i, 14).toDouble();
         d.Sign = sign;
-        // Never covered: the whole sums; covered by the date at the latest: the kept
-        // rests; covered also later: counted at the date below.
+        // Not kept: the whole sums; covered by the date at the latest (or never): the
+        // kept rests; covered also later: counted at the date below.
         const int covered = q.At(i, 17).toInt32();
         d.RestCents = covered == 1 ? centsAt(q, i, 15) : d.FullCents;
         d.RestCurrCents = covered == 1 ? centsAt(q, i, 16) : d.FullCurrCents;
         if (covered == 2)
             uncounted << rows.size();
-        rows.append(d);
+        rows.append(std::move(d));
     }
     return ResultRecord::Success();
 }
@@ -305,10 +308,8 @@ DebtList DebtQuery::Open(const DebtSelection& s) {
     const ResultRecord covered = applyCovers(s, rows, uncounted);
     if (!covered.ok())
         return {covered.Code, covered.Text, {}};
-    out.Rows.reserve(rows.size());
-    for (const DebtRow& d : rows)
-        if (d.RestCents != 0 || d.RestCurrCents != 0)
-            out.Rows.append(d);
+    rows.removeIf([](const DebtRow& d) { return d.RestCents == 0 && d.RestCurrCents == 0; });
+    out.Rows = std::move(rows);
     if (s.Sign == 0)
         std::stable_sort(out.Rows.begin(), out.Rows.end(), [](const DebtRow& a, const DebtRow& b) {
             return a.DateD != b.DateD ? a.DateD < b.DateD : a.EntryId < b.EntryId;

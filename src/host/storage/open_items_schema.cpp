@@ -12,10 +12,22 @@ TableDef BROpenItems() {
     return {QStringLiteral("BROpenItems"),
             {Column(QStringLiteral("BRID"), T::Integer, true),
              Column(QStringLiteral("Sign"), T::Integer, true),
+             Column(QStringLiteral("Account"), T::Text, true),
+             Column(QStringLiteral("DateD"), T::Date),
              Column(QStringLiteral("RestSum"), T::Money, true, QStringLiteral("0")),
              Column(QStringLiteral("RestSumCurr"), T::Money, true, QStringLiteral("0")),
-             Column(QStringLiteral("LastCoverDate"), T::Date, true)},
+             Column(QStringLiteral("LastCoverDate"), T::Date),
+             Column(QStringLiteral("ClosedOn"), T::Date, true)},
             {QStringLiteral("BRID"), QStringLiteral("Sign")},
+            {}};
+}
+
+// The debts of an account not closed by a date are one range of this index.
+IndexDef byAccount() {
+    return {QStringLiteral("BROpenItemsAccount"),
+            QStringLiteral("BROpenItems"),
+            {QStringLiteral("Account"), QStringLiteral("Sign"), QStringLiteral("ClosedOn")},
+            false,
             {}};
 }
 
@@ -24,14 +36,17 @@ QString side(const char* alias) {
     return QStringLiteral("(CASE WHEN %1.Sign = 1 THEN 1 ELSE -1 END)").arg(QLatin1String(alias));
 }
 
-const QString kColumns = QStringLiteral("BRID, Sign, RestSum, RestSumCurr, LastCoverDate");
+const QString kColumns =
+    QStringLiteral("BRID, Sign, Account, DateD, RestSum, RestSumCurr, LastCoverDate, ClosedOn");
 
 // The rows of the entries `b` that satisfy `entries`, counted from the entries
-// themselves: the one formula behind the backfill and every trigger. `ordered` joins in
-// the order written (SQLite's CROSS JOIN), so that the few entries lead.
-QString keptRows(const QString& entries, const QString& ordered) {
+// themselves: the one formula behind the backfill and every trigger.
+QString keptRows(const QString& entries) {
     const QString account =
         QStringLiteral("(CASE WHEN s.Sign = 1 THEN b.AccountD ELSE b.AccountC END)");
+    const QString onSide =
+        QStringLiteral(" WHERE x.BRID = b.ID AND ") + side("x") + QStringLiteral(" = s.Sign AND ");
+    const QString reference = QStringLiteral("x.FOIDR >= 'O0201500' AND x.FOIDR < 'O0201501'");
     // The side's first currency row names the debt's currency and its currency sum.
     const QString firstCurrency = QStringLiteral("(SELECT %1 FROM BRCurrency y WHERE y.BRID = "
                                                  "b.ID AND ") +
@@ -44,34 +59,42 @@ QString keptRows(const QString& entries, const QString& ordered) {
         QStringLiteral("), ''), '   ') AS Code, COALESCE(") +
         firstCurrency.arg(QStringLiteral("CASE WHEN TRIM(COALESCE(y.FCurrencyCode, '')) = '' "
                                          "THEN 0 ELSE y.SumCurr END")) +
-        QStringLiteral(", 0) AS FullCurr FROM BR b CROSS JOIN (SELECT 1 AS Sign UNION ALL "
-                       "SELECT -1) s WHERE (") +
+        QStringLiteral(", 0) AS FullCurr, CASE WHEN EXISTS (SELECT 1 FROM BRProperties x") +
+        onSide + QStringLiteral("NOT (") + reference +
+        QStringLiteral(")) THEN 1 ELSE 0 END AS Addressed FROM BR b CROSS JOIN (SELECT 1 AS "
+                       "Sign UNION ALL SELECT -1) s WHERE (") +
         entries + QStringLiteral(") AND ") + account +
-        QStringLiteral(" <> '' AND NOT EXISTS (SELECT 1 FROM BRProperties x WHERE x.BRID = b.ID "
-                       "AND ") +
-        side("x") + QStringLiteral(" = s.Sign AND x.FOIDR >= 'O0201500' AND x.FOIDR < 'O0201501')");
+        QStringLiteral(" <> '' AND NOT EXISTS (SELECT 1 FROM BRProperties x") + onSide + reference +
+        QLatin1Char(')');
     // A referring entry reduces the rest from the side opposite to the debt and adds to it
     // from the same side; its currency sum counts only in the debt's own currency.
     const QString direction =
         QStringLiteral("CASE WHEN ") + side("r") + QStringLiteral(" = d.Sign THEN %1 ELSE -%1 END");
-    return QStringLiteral("SELECT d.BRID, d.Sign, d.FullSum + SUM(") +
-           direction.arg(QStringLiteral("c.SumA")) +
-           QStringLiteral("), d.FullCurr + COALESCE(SUM(CASE WHEN d.Code <> '   ' AND "
-                          "COALESCE(NULLIF(TRIM(k.FCurrencyCode), ''), '   ') = d.Code THEN ") +
-           direction.arg(QStringLiteral("k.SumCurr")) +
-           QStringLiteral(" END), 0), MAX(c.DateD) FROM (") + debts + QStringLiteral(") d") +
-           ordered + QStringLiteral("BRProperties r ON r.FOIDR = 'O0201500' || d.BRID") + ordered +
-           QStringLiteral("BR c ON c.ID = r.BRID AND c.ID <> d.BRID AND c.DateD IS NOT NULL AND "
-                          "(CASE WHEN r.Sign = 1 THEN c.AccountD ELSE c.AccountC END) = "
-                          "d.Account LEFT JOIN BRCurrency k ON k.BRID = c.ID AND ") +
-           side("k") + QStringLiteral(" = ") + side("r") +
-           QStringLiteral(" GROUP BY d.BRID, d.Sign, d.FullSum, d.FullCurr, d.Code");
+    const QString covered =
+        QStringLiteral("SELECT d.BRID, d.Sign, d.Account, d.DateD, d.FullSum + COALESCE(SUM(") +
+        direction.arg(QStringLiteral("c.SumA")) +
+        QStringLiteral("), 0) AS RestSum, d.FullCurr + COALESCE(SUM(CASE WHEN d.Code <> '   ' "
+                       "AND COALESCE(NULLIF(TRIM(k.FCurrencyCode), ''), '   ') = d.Code THEN ") +
+        direction.arg(QStringLiteral("k.SumCurr")) +
+        QStringLiteral(" END), 0) AS RestSumCurr, MAX(c.DateD) AS LastCover FROM (") + debts +
+        QStringLiteral(") d LEFT JOIN BRProperties r ON r.FOIDR = 'O0201500' || d.BRID "
+                       "LEFT JOIN BR c ON c.ID = r.BRID AND c.ID <> d.BRID AND c.DateD IS NOT "
+                       "NULL AND (CASE WHEN r.Sign = 1 THEN c.AccountD ELSE c.AccountC END) = "
+                       "d.Account LEFT JOIN BRCurrency k ON k.BRID = c.ID AND ") +
+        side("k") + QStringLiteral(" = ") + side("r") +
+        QStringLiteral(" GROUP BY d.BRID, d.Sign, d.Account, d.DateD, d.FullSum, d.FullCurr, "
+                       "d.Code, d.Addressed HAVING d.Addressed = 1 OR COUNT(c.ID) > 0");
+    return QStringLiteral("SELECT t.BRID, t.Sign, t.Account, t.DateD, t.RestSum, t.RestSumCurr, "
+                          "t.LastCover, CASE WHEN t.RestSum = 0 AND t.RestSumCurr = 0 AND "
+                          "t.DateD IS NOT NULL THEN (CASE WHEN t.LastCover IS NULL OR "
+                          "t.LastCover < t.DateD THEN t.DateD ELSE t.LastCover END) ELSE "
+                          "'9999-12-31' END FROM (") +
+           covered + QStringLiteral(") t");
 }
 
-QString insertKept(const QString& entries, Backend backend) {
+QString insertKept(const QString& entries) {
     return QStringLiteral("INSERT INTO BROpenItems (") + kColumns + QStringLiteral(") ") +
-           keptRows(entries, backend == Backend::SQLite ? QStringLiteral(" CROSS JOIN ")
-                                                        : QStringLiteral(" JOIN "));
+           keptRows(entries);
 }
 
 // ---- SQLite ------------------------------------------------------------------------
@@ -98,8 +121,7 @@ QString sqliteTargetsOf(const QString& entry) {
 // Trigger statements counting again the entries of the subquery `ids`.
 QString sqliteRecount(const QString& ids) {
     return QStringLiteral("DELETE FROM BROpenItems WHERE BRID IN (") + ids + QStringLiteral("); ") +
-           insertKept(QStringLiteral("b.ID IN (") + ids + QLatin1Char(')'), Backend::SQLite) +
-           QLatin1Char(';');
+           insertKept(QStringLiteral("b.ID IN (") + ids + QLatin1Char(')')) + QLatin1Char(';');
 }
 
 // An entry and the entries it refers to.
@@ -118,8 +140,12 @@ QString sqliteTrigger(const QString& name, const QString& event, const QString& 
 }
 
 QStringList sqliteTriggers() {
-    const QString newRef = QStringLiteral("SELECT NEW.BRID UNION SELECT ") + sqliteTarget("NEW");
-    const QString oldRef = QStringLiteral("SELECT OLD.BRID UNION SELECT ") + sqliteTarget("OLD");
+    // An addressee row makes its side addressed; a reference row also covers the entry it
+    // names.
+    const QString newRow = QStringLiteral("SELECT NEW.BRID UNION SELECT ") + sqliteTarget("NEW") +
+                           QStringLiteral(" WHERE ") + sqliteIsReference("NEW");
+    const QString oldRow = QStringLiteral("SELECT OLD.BRID UNION SELECT ") + sqliteTarget("OLD") +
+                           QStringLiteral(" WHERE ") + sqliteIsReference("OLD");
     return {
         sqliteTrigger(QStringLiteral("BROpenItemsEntryInsert"),
                       QStringLiteral("AFTER INSERT ON BR"), {},
@@ -131,17 +157,13 @@ QStringList sqliteTriggers() {
                       QStringLiteral("AFTER UPDATE OF ID, AccountD, AccountC, DateD, SumA ON BR"),
                       {},
                       sqliteEntryAndTargets({QStringLiteral("OLD.ID"), QStringLiteral("NEW.ID")})),
-        sqliteTrigger(QStringLiteral("BROpenItemsReferenceInsert"),
-                      QStringLiteral("AFTER INSERT ON BRProperties"), sqliteIsReference("NEW"),
-                      newRef),
-        sqliteTrigger(QStringLiteral("BROpenItemsReferenceDelete"),
-                      QStringLiteral("AFTER DELETE ON BRProperties"), sqliteIsReference("OLD"),
-                      oldRef),
-        sqliteTrigger(QStringLiteral("BROpenItemsReferenceUpdate"),
-                      QStringLiteral("AFTER UPDATE OF BRID, Sign, FOIDR ON BRProperties"),
-                      QLatin1Char('(') + sqliteIsReference("OLD") + QStringLiteral(") OR (") +
-                          sqliteIsReference("NEW") + QLatin1Char(')'),
-                      newRef + QStringLiteral(" UNION ") + oldRef),
+        sqliteTrigger(QStringLiteral("BROpenItemsPropertyInsert"),
+                      QStringLiteral("AFTER INSERT ON BRProperties"), {}, newRow),
+        sqliteTrigger(QStringLiteral("BROpenItemsPropertyDelete"),
+                      QStringLiteral("AFTER DELETE ON BRProperties"), {}, oldRow),
+        sqliteTrigger(QStringLiteral("BROpenItemsPropertyUpdate"),
+                      QStringLiteral("AFTER UPDATE OF BRID, Sign, FOIDR ON BRProperties"), {},
+                      newRow + QStringLiteral(" UNION ") + oldRow),
         sqliteTrigger(QStringLiteral("BROpenItemsCurrencyInsert"),
                       QStringLiteral("AFTER INSERT ON BRCurrency"), {},
                       sqliteEntryAndTargets({QStringLiteral("NEW.BRID")})),
@@ -167,8 +189,7 @@ QStringList postgresTriggers() {
         QStringLiteral("CREATE FUNCTION BROpenItemsRecount(ids bigint[]) RETURNS void "
                        "LANGUAGE plpgsql AS $body$ BEGIN "
                        "DELETE FROM BROpenItems WHERE BRID = ANY(ids); ") +
-        insertKept(QStringLiteral("b.ID = ANY(ids)"), Backend::PostgreSQL) +
-        QStringLiteral("; END $body$");
+        insertKept(QStringLiteral("b.ID = ANY(ids)")) + QStringLiteral("; END $body$");
     // The entries themselves and every entry they refer to.
     const QString withTargets =
         QStringLiteral("ids := ids || ARRAY(SELECT BROpenItemsTarget(x.FOIDR) FROM BRProperties "
@@ -186,30 +207,30 @@ QStringList postgresTriggers() {
                        "IF TG_OP <> 'INSERT' THEN ids := ids || OLD.BRID; END IF; "
                        "IF TG_OP <> 'DELETE' THEN ids := ids || NEW.BRID; END IF; ") +
         withTargets;
-    // Only a reference row changes a debt; an addressee row changes nothing kept here.
-    const QString reference = QStringLiteral(
-        "CREATE FUNCTION BROpenItemsKeepReference() RETURNS trigger LANGUAGE plpgsql AS $body$ "
+    // An addressee row makes its side addressed; a reference row also covers the entry it
+    // names (BROpenItemsTarget gives Null for any other row).
+    const QString property = QStringLiteral(
+        "CREATE FUNCTION BROpenItemsKeepProperty() RETURNS trigger LANGUAGE plpgsql AS $body$ "
         "DECLARE ids bigint[] := '{}'; BEGIN "
-        "IF TG_OP <> 'INSERT' AND OLD.FOIDR >= 'O0201500' AND OLD.FOIDR < 'O0201501' THEN "
-        "ids := ids || OLD.BRID || BROpenItemsTarget(OLD.FOIDR); END IF; "
-        "IF TG_OP <> 'DELETE' AND NEW.FOIDR >= 'O0201500' AND NEW.FOIDR < 'O0201501' THEN "
-        "ids := ids || NEW.BRID || BROpenItemsTarget(NEW.FOIDR); END IF; "
-        "IF cardinality(ids) > 0 THEN PERFORM BROpenItemsRecount(ids); END IF; "
-        "RETURN NULL; END $body$");
+        "IF TG_OP <> 'INSERT' THEN ids := ids || OLD.BRID || BROpenItemsTarget(OLD.FOIDR); "
+        "END IF; "
+        "IF TG_OP <> 'DELETE' THEN ids := ids || NEW.BRID || BROpenItemsTarget(NEW.FOIDR); "
+        "END IF; "
+        "PERFORM BROpenItemsRecount(ids); RETURN NULL; END $body$");
     return {target,
             recount,
             entry,
             currency,
-            reference,
+            property,
             QStringLiteral("CREATE TRIGGER BROpenItemsKeepEntry AFTER INSERT OR DELETE OR UPDATE "
                            "OF ID, AccountD, AccountC, DateD, SumA ON BR FOR EACH ROW "
                            "EXECUTE FUNCTION BROpenItemsKeepEntry()"),
             QStringLiteral("CREATE TRIGGER BROpenItemsKeepCurrency AFTER INSERT OR DELETE OR "
                            "UPDATE OF BRID, Sign, SumCurr, FCurrencyCode ON BRCurrency FOR EACH "
                            "ROW EXECUTE FUNCTION BROpenItemsKeepCurrency()"),
-            QStringLiteral("CREATE TRIGGER BROpenItemsKeepReference AFTER INSERT OR DELETE OR "
+            QStringLiteral("CREATE TRIGGER BROpenItemsKeepProperty AFTER INSERT OR DELETE OR "
                            "UPDATE OF BRID, Sign, FOIDR ON BRProperties FOR EACH ROW "
-                           "EXECUTE FUNCTION BROpenItemsKeepReference()")};
+                           "EXECUTE FUNCTION BROpenItemsKeepProperty()")};
 }
 
 } // namespace
@@ -219,9 +240,10 @@ Migration OpenItemsMigration() {
     m.Version = kOpenItemsMigrationVersion;
     m.Title = QStringLiteral("Atviros skolos");
     m.Tables = {BROpenItems()};
+    m.Indexes = {byAccount()};
     m.Apply = [](Database& db) {
         // The entries the book already holds, before the triggers take over.
-        QStringList statements{insertKept(QStringLiteral("1 = 1"), db.Kind())};
+        QStringList statements{insertKept(QStringLiteral("1 = 1"))};
         statements += db.Kind() == Backend::PostgreSQL ? postgresTriggers() : sqliteTriggers();
         for (const QString& sql : std::as_const(statements)) {
             const ExecResult r = db.Execute(sql);
