@@ -73,26 +73,38 @@ void registerClasses() {
     RegisterCatalogueNavigators();
 }
 
-// The object a form is shown on for a picture: the first operation of the book, or a
-// new one when the book has none.
 // The object a form is shown on in a picture: the first stored record of the form's
-// kind, or a blank one when the book has none.
+// kind, or a blank one when the book has none. Groups of operations stand inside general
+// groups, so the first group within the first general group is shown.
 OrvoObjectUIOPtr demoObject(HostSession& session, const QString& formName) {
     static const QHash<QString, QString> kinds = {
         {QStringLiteral("frmAccountPlan"), QStringLiteral("O0200400")},
         {QStringLiteral("frmBRTemplate"), QStringLiteral("O0201600")},
+        {QStringLiteral("frmBROperGroup"), QStringLiteral("O0201400")},
+        {QStringLiteral("frmFirm"), QStringLiteral("O0000100")},
+        {QStringLiteral("frmCurrency"), QStringLiteral("O0002200")},
     };
     const OrvoObjectsServicePtr objects = session.Services()->ObjectsService();
     const QString kind = kinds.value(formName, QStringLiteral("O0201500"));
-    if (const OrvoObjectUIPtr navigator = objects->GetObjectUI(kind)) {
+    const OrvoObjectUIPtr navigator = objects->GetObjectUI(kind);
+    const auto firstOf = [&](const QString& list) {
         const RecordsetPtr rows =
-            navigator->GetOrvoObjectList(kind, QStringLiteral("1"), QStringLiteral("1"));
-        if (rows && rows->RecordCount() > 0) {
-            rows->MoveFirst();
-            if (const OrvoObjectUIOPtr stored =
-                    objects->GetObjectUIO(rows->Field(QStringLiteral("OIDR")).toString()))
-                return stored;
+            navigator->GetOrvoObjectList(list, QStringLiteral("1"), QStringLiteral("1"));
+        if (!rows || rows->RecordCount() == 0)
+            return QString();
+        rows->MoveFirst();
+        return rows->Field(QStringLiteral("OIDR")).toString();
+    };
+    if (navigator) {
+        QString oidr = firstOf(kind);
+        if (kind == QLatin1String("O0201400") && oidr.size() > 8) {
+            const QString inner = firstOf(oidr);
+            if (inner.size() > 8)
+                oidr = inner;
         }
+        if (oidr.size() > 8)
+            if (const OrvoObjectUIOPtr stored = objects->GetObjectUIO(oidr))
+                return stored;
     }
     return objects->GetObjectUIO(kind);
 }
