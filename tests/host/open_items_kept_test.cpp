@@ -11,6 +11,8 @@
 #include <QHash>
 #include <QMap>
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
 using namespace orvo;
 using namespace orvo::host;
@@ -442,6 +444,54 @@ TEST_P(OpenItemsKeptTest, AClosedDebtOpenedAgainByALaterRateChangeIsListed) {
                          QStringLiteral("O0000100"), 1),
                    fields),
               QStringList({Ref(sale) + QStringLiteral("|12.5")}));
+}
+
+TEST_P(OpenItemsKeptTest, TwoWritersCoveringOneDebtAtOnceBothCount) {
+    if (!IsPostgres())
+        GTEST_SKIP() << "SQLite lets one writer in at a time";
+    const qint64 sale = Invoice(kCustomer, 1000.00, kJan, QStringLiteral("1"));
+    const qint64 operation = OperationOf(sale);
+    // One payment of `cents` for the sale through its own connection, left uncommitted. The
+    // two are dated apart, so that nothing else the database keeps makes them wait.
+    auto pay = [&](Database& db, qint32 cents, const QDate& date) {
+        const IdResult id = db.NextId();
+        if (!id.ok())
+            return id.Text;
+        const Value entry(static_cast<double>(id.Id));
+        const ExecResult stored = db.Execute(
+            QStringLiteral("INSERT INTO BR (ID, BROperID, DateD, SumA, AccountD, AccountC) "
+                           "VALUES (?, ?, ?, ?, ?, ?)"),
+            {entry, Value(static_cast<double>(operation)), Value(date), Value(cents),
+             Value(QStringLiteral("2710")), Value(QStringLiteral("2410"))});
+        if (!stored.ok())
+            return stored.Text;
+        const ExecResult reference =
+            db.Execute(QStringLiteral("INSERT INTO BRProperties (BRID, Sign, FOIDR) VALUES (?, "
+                                      "-1, ?)"),
+                       {entry, Value(Ref(sale))});
+        return reference.ok() ? QString() : reference.Text;
+    };
+    DatabasePtr first = OpenBook(OpenMode::Existing);
+    DatabasePtr second = OpenBook(OpenMode::Existing);
+    ASSERT_TRUE(first && second);
+    ASSERT_TRUE(first->Begin().ok());
+    ASSERT_EQ(pay(*first, 30000, kFeb), QString());
+    QString secondError = QStringLiteral("not run");
+    std::thread other([&] {
+        // Waits for the first writer, then counts the debt with its payment in.
+        if (!second->Begin().ok())
+            return;
+        secondError = pay(*second, 40000, kMar);
+        if (secondError.isEmpty() && !second->Commit().ok())
+            secondError = QStringLiteral("commit failed");
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    const bool committed = first->Commit().ok();
+    other.join();
+    ASSERT_TRUE(committed);
+    EXPECT_TRUE(secondError.isEmpty()) << secondError.toStdString();
+    EXPECT_EQ(KeptOf(sale), QStringLiteral("30000|0|2024-03-05|9999-12-31"));
+    EXPECT_EQ(Kept(), Recounted());
 }
 
 ORVO_STORAGE_BACKENDS(OpenItemsKeptTest);

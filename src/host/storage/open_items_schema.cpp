@@ -188,6 +188,10 @@ QStringList postgresTriggers() {
     const QString recount =
         QStringLiteral("CREATE FUNCTION BROpenItemsRecount(ids bigint[]) RETURNS void "
                        "LANGUAGE plpgsql AS $body$ BEGIN "
+                       // Two writers covering one debt at once count it one after the
+                       // other: the second waits for the first to commit, and its next
+                       // statements see what the first wrote.
+                       "PERFORM 1 FROM BR WHERE ID = ANY(ids) ORDER BY ID FOR NO KEY UPDATE; "
                        "DELETE FROM BROpenItems WHERE BRID = ANY(ids); ") +
         insertKept(QStringLiteral("b.ID = ANY(ids)")) + QStringLiteral("; END $body$");
     // The entries themselves and every entry they refer to.
