@@ -18,10 +18,11 @@
 // own currency. Only entries dated on or before the asked date count, the debt's own
 // date included. Amounts are summed in exact hundredths.
 //
-// The database keeps each possible debt with its rests after every referring entry and the
-// date from which it stays closed (BROpenItems, see open_items_schema.h), so a list reads
-// only the debts still open at the date and takes their kept rests; only a debt that
-// something refers to after the date has its rest counted from the referring entries.
+// The database keeps every debt with an addressee or a cover, with its rests after all
+// covers and the day from which it stays closed (BROpenItems, see open_items_schema.h), so
+// a list of one addressee or of a whole kind reads only the debts not closed by the date
+// and takes their kept rests; only a debt covered again after the date has its rests
+// counted from the referring entries.
 #pragma once
 
 #include "core/results.h"
