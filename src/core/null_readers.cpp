@@ -2,6 +2,10 @@
 
 namespace orvo {
 
+qint64 NzId(const Value& value) {
+    return value.isNull() ? 0 : static_cast<qint64>(value.toDouble());
+}
+
 qint32 NzLong(const Value& value) {
     if (value.isNull())
         return 0;

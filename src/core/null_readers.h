@@ -16,6 +16,9 @@ namespace orvo {
 qint32 NzLong(const Value& value);
 // Null gives 0; otherwise the value as a signed 16-bit number, with NzLong's rules.
 qint16 NzInt(const Value& value);
+// Null gives 0; otherwise the value as a record number (the whole part of a stored
+// number, beyond the 32 bits of NzLong).
+qint64 NzId(const Value& value);
 // Null gives 0.0; otherwise the value as a double (text in either decimal mark).
 double NzDouble(const Value& value);
 // Null gives ""; otherwise the value's text (numbers with a dot, dates as yyyy-MM-dd).

@@ -18,10 +18,6 @@ namespace orvo::host {
 
 namespace {
 
-BOResult failed(const QString& text) {
-    return BOResult::Failure(bo_codes::MethodFailed, text);
-}
-
 ParameterSpec optionalText(const char* name) {
     return ParameterSpec::Optional(QString::fromLatin1(name), ParameterKind::Text,
                                    Value(QString()));
@@ -43,7 +39,7 @@ BOResult accountList(Database& db, const QString& filter) {
                        "ORDER BY Account")
             .arg(all ? QString() : QStringLiteral("WHERE GroupFlag = 0")));
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs = Recordset::Create(listFields());
     for (int i = 0; i < q.RowCount(); ++i) {
         rs->AddNew();
@@ -62,7 +58,7 @@ BOResult accountList(Database& db, const QString& filter) {
 }
 
 BOResult rowsOrFailure(RecordsetPtr rs, const QString& error) {
-    return rs ? BOResult::Of(Value(rs)) : failed(error);
+    return rs ? BOResult::Of(Value(rs)) : MethodFailure(error);
 }
 
 BOResult parentOf(Database& db, const QString& reference) {
@@ -117,7 +113,7 @@ BOResult addresseeKinds(Database& db, const QStringList& tables, const QString& 
                     .arg(table),
                 {Value(side.account.trimmed())});
             if (!q.ok())
-                return failed(q.Text);
+                return MethodFailure(q.Text);
             for (int i = 0; i < q.RowCount(); ++i) {
                 const int stored = q.At(i, 0).toInt32();
                 const QString foid = q.At(i, 1).toString().trimmed();
@@ -151,7 +147,7 @@ BOResult presetAccounts(Database& db, const QString& code) {
     QVector<AccountSettingRow> rows;
     QString error;
     if (!ReadAccountSettings(db, QString(), code, &rows, &error))
-        return failed(error);
+        return MethodFailure(error);
     return BOResult::Of(Value(PresetAccountsRecordset(rows)));
 }
 
@@ -159,7 +155,7 @@ BOResult roles(Database& db) {
     const QueryResult q =
         db.Query(QStringLiteral("SELECT ID, Name, Code FROM BRASettings ORDER BY ID"));
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs = Recordset::Create({FieldDef::Make(QStringLiteral("Id"), FieldType::Integer),
                                  FieldDef::Make(QStringLiteral("Name"), FieldType::VarWChar, 255),
                                  FieldDef::Make(QStringLiteral("Code"), FieldType::VarWChar, 10)});
@@ -180,7 +176,7 @@ BOResult roleHolders(Database& db) {
         QStringLiteral("SELECT s.Code, a.Account FROM Accounts a JOIN BRASettings s ON s.ID = "
                        "a.BRAPropertyID ORDER BY s.Code, a.Account"));
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs =
         Recordset::Create({FieldDef::Make(QStringLiteral("Code"), FieldType::VarWChar, 10),
                            FieldDef::Make(QStringLiteral("Account"), FieldType::VarWChar, 30)});

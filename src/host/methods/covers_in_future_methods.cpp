@@ -1,5 +1,6 @@
 #include "host/methods/covers_in_future_methods.h"
 
+#include "core/null_readers.h"
 #include "host/methods/debt_query.h"
 #include "host/methods/method_arguments.h"
 #include "host/methods/method_context.h"
@@ -57,10 +58,6 @@ struct Writeoff {
     QString accountC;
 };
 
-qint64 idOf(const Value& v) {
-    return static_cast<qint64>(v.toDouble());
-}
-
 MethodDefinition coversInFuture() {
     MethodDefinition m;
     m.name = QStringLiteral("GetCoversInFuture");
@@ -106,7 +103,7 @@ MethodDefinition coversInFuture() {
         QVector<Deferred> deferred;
         for (int i = 0; i < entries.RowCount(); ++i) {
             Deferred d;
-            d.id = idOf(entries.At(i, 0));
+            d.id = NzId(entries.At(i, 0));
             d.date = entries.At(i, 1).toDate();
             d.guid = entries.At(i, 2).toString();
             d.cents = Money::CentsFromValue(entries.At(i, 3));
@@ -135,7 +132,7 @@ MethodDefinition coversInFuture() {
                 return BOResult::Failure(q.Code, q.Text);
             for (int i = 0; i < q.RowCount(); ++i) {
                 Writeoff w;
-                w.operationId = idOf(q.At(i, 1));
+                w.operationId = NzId(q.At(i, 1));
                 w.operationDate = q.At(i, 2).toDate();
                 w.operationNumber = q.At(i, 3).toString();
                 w.date = q.At(i, 4).toDate();

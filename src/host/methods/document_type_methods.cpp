@@ -12,10 +12,6 @@ namespace orvo::host {
 
 namespace {
 
-BOResult failed(const QString& text) {
-    return BOResult::Failure(bo_codes::MethodFailed, text);
-}
-
 FieldDefs documentTypeFields() {
     return {TextField("Code", 50), TextField("Name", 255)};
 }
@@ -40,7 +36,7 @@ BOResult documentTypes(Database& db, const QString& code) {
     }
     const QueryResult q = db.Query(sql + QStringLiteral(" ORDER BY Name, Code"), params);
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs = Recordset::Create(documentTypeFields());
     for (int i = 0; i < q.RowCount(); ++i) {
         rs->AddNew();
@@ -55,7 +51,7 @@ BOResult templateTypes(Database& db) {
     const QueryResult q = db.Query(
         QStringLiteral("SELECT ID, Name, DocumentTypeCodes FROM TemplateTypes ORDER BY Name, ID"));
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs = Recordset::Create(templateTypeFields());
     for (int i = 0; i < q.RowCount(); ++i) {
         rs->AddNew();
@@ -72,7 +68,7 @@ BOResult relatedDocumentGroup(Database& db, qint64 groupId) {
         db.Query(QStringLiteral("SELECT Parameters FROM BROperGroups WHERE ID = ?"),
                  {Value(double(groupId))});
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     const QString parameters = q.RowCount() > 0 ? q.At(0, 0).toString() : QString();
     const QString key = parameters.contains(QLatin1Char('|'))
                             ? parameters.section(QLatin1Char('|'), 1).trimmed()

@@ -1,5 +1,6 @@
 #include "host/methods/group_debt_methods.h"
 
+#include "core/null_readers.h"
 #include "core/recordset.h"
 #include "host/methods/debt_query.h"
 #include "host/methods/method_arguments.h"
@@ -19,18 +20,6 @@ namespace {
 
 const QString kCreate = QStringLiteral("DO0201400_CreateFullSum");
 const QString kRead = QStringLiteral("DO0201400_GetGroupDebts");
-
-BOResult failed(const QString& text) {
-    return BOResult::Failure(bo_codes::MethodFailed, text);
-}
-
-BOResult refused(const QString& text) {
-    return BOResult::Failure(777, text);
-}
-
-qint64 idOf(const Value& v) {
-    return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
-}
 
 FieldDefs countFields() {
     return {TypedField("Count", FieldType::Integer)};
@@ -83,7 +72,7 @@ BOResult deleteSnapshot(Database& db, qint64 groupId) {
         db.Execute(QStringLiteral("DELETE FROM BROperGroupDebts WHERE BROperGroupID = ?"),
                    {Value(double(groupId))});
     if (!r.ok())
-        return failed(r.Text);
+        return MethodFailure(r.Text);
     return countResult(r.RowsAffected);
 }
 
@@ -95,7 +84,7 @@ BOResult createSnapshot(Database& db, qint64 groupId, const QDate& date) {
                        "o.ID = b.BROperID WHERE o.BROperGroupID = ? AND b.DateD <= ?"),
         {Value(double(groupId)), Value(date)});
     if (!accounts.ok())
-        return failed(accounts.Text);
+        return MethodFailure(accounts.Text);
     QStringList asked;
     for (int i = 0; i < accounts.RowCount(); ++i)
         for (int c = 0; c < 2; ++c) {
@@ -106,10 +95,10 @@ BOResult createSnapshot(Database& db, qint64 groupId, const QDate& date) {
     const QueryResult operations = db.Query(
         QStringLiteral("SELECT ID FROM BROpers WHERE BROperGroupID = ?"), {Value(double(groupId))});
     if (!operations.ok())
-        return failed(operations.Text);
+        return MethodFailure(operations.Text);
     QSet<qint64> ofGroup;
     for (int i = 0; i < operations.RowCount(); ++i)
-        ofGroup.insert(idOf(operations.At(i, 0)));
+        ofGroup.insert(NzId(operations.At(i, 0)));
 
     QVector<ValueArray> rows;
     DebtQuery query(db);
@@ -119,7 +108,7 @@ BOResult createSnapshot(Database& db, qint64 groupId, const QDate& date) {
         s.Date = date;
         const DebtList list = query.Open(s);
         if (!list.ok())
-            return failed(list.Text);
+            return MethodFailure(list.Text);
         for (const DebtRow& d : list.Rows) {
             // A debt is owed by someone: an entry without an addressee (the bank's or
             // the sale's own side) is a balance, not a debt of the group.
@@ -139,7 +128,7 @@ BOResult createSnapshot(Database& db, qint64 groupId, const QDate& date) {
         db.Execute(QStringLiteral("DELETE FROM BROperGroupDebts WHERE BROperGroupID = ?"),
                    {Value(double(groupId))});
     if (!cleared.ok())
-        return failed(cleared.Text);
+        return MethodFailure(cleared.Text);
     if (!rows.isEmpty()) {
         const ExecResult inserted = db.ExecuteMany(
             QStringLiteral("INSERT INTO BROperGroupDebts (BROperGroupID, BRID, BROperID, DateAt, "
@@ -147,7 +136,7 @@ BOResult createSnapshot(Database& db, qint64 groupId, const QDate& date) {
                            "(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
             rows);
         if (!inserted.ok())
-            return failed(inserted.Text);
+            return MethodFailure(inserted.Text);
     }
     const ResultRecord committed = tx.Commit();
     if (!committed.ok())
@@ -163,7 +152,7 @@ BOResult createFullSum(Database& db, qint64 groupId, const QString& dateText) {
         return deleteSnapshot(db, groupId);
     const QDate date = dateOf(dateText);
     if (!date.isValid())
-        return refused(QStringLiteral("%1: neteisinga data „%2“.").arg(kCreate, dateText));
+        return MethodRefusal(QStringLiteral("%1: neteisinga data „%2“.").arg(kCreate, dateText));
     return createSnapshot(db, groupId, date);
 }
 
@@ -174,12 +163,12 @@ BOResult groupDebts(Database& db, qint64 groupId) {
                        "DateD, BRID"),
         {Value(double(groupId))});
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs = Recordset::Create(debtFields());
     for (int i = 0; i < q.RowCount(); ++i) {
         rs->AddNew();
-        rs->SetField(QStringLiteral("BRID"), Value(qint32(idOf(q.At(i, 0)))));
-        rs->SetField(QStringLiteral("BROperID"), Value(qint32(idOf(q.At(i, 1)))));
+        rs->SetField(QStringLiteral("BRID"), Value(qint32(NzId(q.At(i, 0)))));
+        rs->SetField(QStringLiteral("BROperID"), Value(qint32(NzId(q.At(i, 1)))));
         rs->SetField(QStringLiteral("DateAt"), q.At(i, 2));
         rs->SetField(QStringLiteral("DateD"), q.At(i, 3));
         rs->SetField(QStringLiteral("Account"), q.At(i, 4).toString());

@@ -1,5 +1,6 @@
 #include "host/methods/group_methods.h"
 
+#include "core/null_readers.h"
 #include "core/recordset.h"
 #include "core/today.h"
 #include "host/catalogues/catalogue_kinds.h"
@@ -37,10 +38,6 @@ RecordsetPtr finished(const RecordsetPtr& rs) {
     return rs;
 }
 
-qint64 idOf(const Value& v) {
-    return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
-}
-
 FieldDefs formTypeFields() {
     return {TextField("Name", 100), TextField("OID", 8)};
 }
@@ -72,7 +69,7 @@ BOResult myFirmAccounts(Database& db) {
         return failed(firms.Text);
     auto rs = Recordset::Create(firmAccountFields());
     for (int f = 0; f < firms.RowCount(); ++f) {
-        const QString owner = kinds::Firm + QString::number(idOf(firms.At(f, 0)));
+        const QString owner = kinds::Firm + QString::number(NzId(firms.At(f, 0)));
         const QueryResult q = db.Query(
             QStringLiteral("SELECT a.ID, a.AccountNumber, a.MainAccountFlag, a.BankID, b.Name, "
                            "a.CurrencyCode FROM BankAccounts a LEFT JOIN Banks b ON b.ID = "
@@ -94,14 +91,14 @@ BOResult myFirmAccounts(Database& db) {
             rs->SetField(QStringLiteral("AccountNumber"), number);
             rs->SetField(QStringLiteral("Name"), bank);
             rs->SetField(QStringLiteral("AccOIDR"),
-                         QString(kinds::BankAccount + QString::number(idOf(q.At(i, 0)))));
+                         QString(kinds::BankAccount + QString::number(NzId(q.At(i, 0)))));
             rs->SetField(QStringLiteral("Preview"), preview.join(QLatin1Char(' ')));
             rs->SetField(QStringLiteral("MainAccountFlag"),
                          Value(qint16(q.At(i, 2).toInt32() != 0 ? 1 : 0)));
             rs->SetField(QStringLiteral("OIDR"),
                          q.At(i, 3).isNull()
                              ? QString()
-                             : QString(kinds::Bank + QString::number(idOf(q.At(i, 3)))));
+                             : QString(kinds::Bank + QString::number(NzId(q.At(i, 3)))));
             rs->Update();
         }
     }
@@ -170,7 +167,7 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
     const qint64 groupRows = groups.RowCount();
     for (qint64 i = firstRow - 1; i < groupRows && (lastRow == 0 || i < lastRow); ++i) {
         rs->AddNew();
-        rs->SetField(0, QString(kinds::OperationGroup + QString::number(idOf(groups.At(i, 0)))));
+        rs->SetField(0, QString(kinds::OperationGroup + QString::number(NzId(groups.At(i, 0)))));
         rs->SetField(1, kinds::OperationGroup);
         rs->SetField(2, groups.At(i, 1).toString());
         rs->Update();
@@ -200,7 +197,7 @@ BOResult groupNodes(Database& db, const QString& name, const QString& oid, const
             return failed(ops.Text);
         for (int i = 0; i < ops.RowCount(); ++i) {
             rs->AddNew();
-            rs->SetField(0, QString(kinds::Operation + QString::number(idOf(ops.At(i, 0)))));
+            rs->SetField(0, QString(kinds::Operation + QString::number(NzId(ops.At(i, 0)))));
             rs->SetField(1, ops.At(i, 1).toString());
             rs->SetField(2, OperationPreview(ops.At(i, 2), ops.At(i, 3).toString(),
                                              ops.At(i, 4).toString()));

@@ -1,5 +1,6 @@
 #include "host/methods/group_reference.h"
 
+#include "core/null_readers.h"
 #include "core/recordset.h"
 #include "host/objects/group_kind.h"
 #include "host/storage/database.h"
@@ -38,10 +39,6 @@ FieldDefs groupFields() {
             text("ANTemplate")};
 }
 
-qint64 idOf(const Value& v) {
-    return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
-}
-
 } // namespace
 
 bool IsGroupReference(const QString& reference) {
@@ -67,7 +64,7 @@ BOResult GroupByReference(Database& db, const QString& reference) {
         // The path of names from the top down; a loop in the parents stops the walk.
         QStringList path{q.At(0, 1).toString()};
         QSet<qint64> seen{id};
-        for (qint64 parent = idOf(q.At(0, 2)); parent > 0 && !seen.contains(parent);) {
+        for (qint64 parent = NzId(q.At(0, 2)); parent > 0 && !seen.contains(parent);) {
             seen.insert(parent);
             const QueryResult up =
                 db.Query(QStringLiteral("SELECT Name, ParentID FROM BROperGroups WHERE ID = ?"),
@@ -77,7 +74,7 @@ BOResult GroupByReference(Database& db, const QString& reference) {
             if (up.RowCount() == 0)
                 break;
             path.prepend(up.At(0, 0).toString());
-            parent = idOf(up.At(0, 1));
+            parent = NzId(up.At(0, 1));
         }
         out->AddNew();
         out->SetField(QStringLiteral("OIDR"), QString(kinds::OperationGroup + QString::number(id)));

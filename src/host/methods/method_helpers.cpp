@@ -1,5 +1,6 @@
 #include "host/methods/method_helpers.h"
 
+#include "host/methods/method_codes.h"
 #include "host/methods/method_context.h"
 #include "host/methods/method_registry.h"
 #include "host/storage/database.h"
@@ -58,6 +59,14 @@ FieldDef TextField(const char* name, int size) {
 
 FieldDef TypedField(const char* name, FieldType type) {
     return FieldDef::Make(QString::fromLatin1(name), type);
+}
+
+BOResult MethodFailure(const QString& text) {
+    return BOResult::Failure(bo_codes::MethodFailed, text);
+}
+
+BOResult MethodRefusal(const QString& text) {
+    return BOResult::Failure(777, text);
 }
 
 ResultRecord RegisterAll(MethodRegistry& methods, const QVector<MethodDefinition>& list) {

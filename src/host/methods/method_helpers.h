@@ -34,6 +34,10 @@ QString PagingClause(const Database& db, int from, int to, ValueArray& params);
 // A text field of a method's rows (size 0: unbounded), and a field of another type.
 FieldDef TextField(const char* name, int size = 0);
 FieldDef TypedField(const char* name, FieldType type);
+// The failure of a method's own work (a statement the book refused), and the refusal of
+// what the caller asked (code 777, a text for the user).
+BOResult MethodFailure(const QString& text);
+BOResult MethodRefusal(const QString& text);
 // Registers every definition of a group, stopping at the first the registry refuses.
 ResultRecord RegisterAll(MethodRegistry& methods, const QVector<MethodDefinition>& list);
 

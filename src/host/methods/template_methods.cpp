@@ -1,5 +1,6 @@
 #include "host/methods/template_methods.h"
 
+#include "core/null_readers.h"
 #include "core/number_text.h"
 #include "core/recordset.h"
 #include "host/catalogues/catalogue_kinds.h"
@@ -21,18 +22,6 @@
 namespace orvo::host {
 
 namespace {
-
-BOResult failed(const QString& text) {
-    return BOResult::Failure(bo_codes::MethodFailed, text);
-}
-
-BOResult refused(const QString& text) {
-    return BOResult::Failure(777, text);
-}
-
-qint64 idOf(const Value& v) {
-    return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
-}
 
 QString newGuid() {
     return QUuid::createUuid().toString(QUuid::WithBraces).toUpper();
@@ -114,17 +103,17 @@ BOResult childList(Database& db, const ObjectKind& kind, const QString& oid, int
     sql += PagingClause(db, from, to, params);
     const QueryResult q = db.Query(sql, params);
     if (!q.ok())
-        return failed(q.Text);
+        return MethodFailure(q.Text);
     auto rs = Recordset::Create(listFields());
     for (int i = 0; i < q.RowCount(); ++i) {
         const bool group = q.At(i, 2).toInt32() != 0;
         rs->AddNew();
-        rs->SetField(QStringLiteral("OIDR"), ObjectStore::OIDRFor(kind, idOf(q.At(i, 0))));
+        rs->SetField(QStringLiteral("OIDR"), ObjectStore::OIDRFor(kind, NzId(q.At(i, 0))));
         rs->SetField(QStringLiteral("OType"),
                      group ? QStringLiteral("Group") : QStringLiteral("Item"));
         rs->SetField(QStringLiteral("Preview"), q.At(i, 3).toString());
-        rs->SetField(QStringLiteral("ID"), Value(double(idOf(q.At(i, 0)))));
-        rs->SetField(QStringLiteral("ParentID"), Value(double(idOf(q.At(i, 1)))));
+        rs->SetField(QStringLiteral("ID"), Value(double(NzId(q.At(i, 0)))));
+        rs->SetField(QStringLiteral("ParentID"), Value(double(NzId(q.At(i, 1)))));
         rs->SetField(QStringLiteral("GroupFlag"), Value(qint16(group ? 1 : 0)));
         rs->SetField(QStringLiteral("Name"), q.At(i, 3).toString());
         rs->Update();
@@ -155,12 +144,12 @@ BOResult templateList(Database& db, const ObjectKind& kind, qint64 groupId) {
             QStringLiteral("SELECT ID FROM BRTemplates WHERE ParentID IS NULL OR ParentID = 0 "
                            "ORDER BY GroupFlag DESC, Name, ID"));
         if (!top.ok())
-            return failed(top.Text);
+            return MethodFailure(top.Text);
         for (int i = 0; i < top.RowCount() && error.isEmpty(); ++i)
-            order += TemplateSubtree(db, idOf(top.At(i, 0)), &error);
+            order += TemplateSubtree(db, NzId(top.At(i, 0)), &error);
     }
     if (!error.isEmpty())
-        return failed(error);
+        return MethodFailure(error);
 
     struct Row {
         QString parentCode, ownCode, name;
@@ -172,9 +161,9 @@ BOResult templateList(Database& db, const ObjectKind& kind, qint64 groupId) {
     const QueryResult t = db.Query(
         QStringLiteral("SELECT ID, ParentCode, OwnCode, GroupFlag, Name FROM BRTemplates"));
     if (!t.ok())
-        return failed(t.Text);
+        return MethodFailure(t.Text);
     for (int i = 0; i < t.RowCount(); ++i) {
-        Row& r = rows[idOf(t.At(i, 0))];
+        Row& r = rows[NzId(t.At(i, 0))];
         r.parentCode = t.At(i, 1).toString();
         r.ownCode = t.At(i, 2).toString();
         r.group = t.At(i, 3).toInt32() != 0;
@@ -183,9 +172,9 @@ BOResult templateList(Database& db, const ObjectKind& kind, qint64 groupId) {
     const QueryResult e = db.Query(QStringLiteral(
         "SELECT BRTemplateID, AccountD, AccountC, Factor FROM BRTemplateAcc ORDER BY ID"));
     if (!e.ok())
-        return failed(e.Text);
+        return MethodFailure(e.Text);
     for (int i = 0; i < e.RowCount(); ++i) {
-        auto it = rows.find(idOf(e.At(i, 0)));
+        auto it = rows.find(NzId(e.At(i, 0)));
         if (it == rows.end())
             continue;
         it->debit << e.At(i, 1).toString();
@@ -235,27 +224,27 @@ BOResult templateLines(Database& db, qint64 id) {
     const QueryResult t = db.Query(QStringLiteral("SELECT GroupFlag FROM BRTemplates WHERE ID = ?"),
                                    {Value(double(id))});
     if (!t.ok())
-        return failed(t.Text);
+        return MethodFailure(t.Text);
     if (t.RowCount() == 0)
-        return refused(QStringLiteral("Operacijos šablonas nerastas!"));
+        return MethodRefusal(QStringLiteral("Operacijos šablonas nerastas!"));
     const QueryResult lines = db.Query(
         QStringLiteral("SELECT ID, GUID, AccountD, AccountC, Factor FROM BRTemplateAcc WHERE "
                        "BRTemplateID = ? ORDER BY ID"),
         {Value(double(id))});
     if (!lines.ok())
-        return failed(lines.Text);
+        return MethodFailure(lines.Text);
     const QueryResult demands = db.Query(
         QStringLiteral("SELECT BRTemplateAccGUID, Sign, FOID, FOIDR FROM BRTemplateAddr WHERE "
                        "BRTemplateID = ? ORDER BY ID"),
         {Value(double(id))});
     if (!demands.ok())
-        return failed(demands.Text);
+        return MethodFailure(demands.Text);
 
     auto rs = Recordset::Create(linesFields());
     for (int i = 0; i < lines.RowCount(); ++i) {
         const QString guid = lines.At(i, 1).toString();
         rs->AddNew();
-        rs->SetField(QStringLiteral("ID"), Value(double(idOf(lines.At(i, 0)))));
+        rs->SetField(QStringLiteral("ID"), Value(double(NzId(lines.At(i, 0)))));
         rs->SetField(QStringLiteral("GUID"), guid);
         rs->SetField(QStringLiteral("AccountD"), lines.At(i, 2).toString());
         rs->SetField(QStringLiteral("AccountC"), lines.At(i, 3).toString());
@@ -291,7 +280,7 @@ BOResult enabledAddressee(MethodContext& ctx, const QString& account, int sign) 
     const MethodDefinition* rule =
         ctx.registry ? ctx.registry->Find(QStringLiteral("GetEnabledAddressee")) : nullptr;
     if (!rule)
-        return failed(QStringLiteral("GetEnabledAddressee: metodas neregistruotas."));
+        return MethodFailure(QStringLiteral("GetEnabledAddressee: metodas neregistruotas."));
     MethodArguments args;
     QString quoted = account.trimmed();
     quoted.replace(QLatin1Char('\''), QStringLiteral("''"));
@@ -345,7 +334,7 @@ qint64 copyRecord(Database& db, qint64 from, qint64 parent, QString* error) {
         *error = ins.Text;
         return 0;
     }
-    const qint64 copy = idOf(ins.Scalar());
+    const qint64 copy = NzId(ins.Scalar());
     QHash<QString, QString> guids;
     const QueryResult acc =
         db.Query(QStringLiteral("SELECT GUID, AccountD, AccountC, Factor FROM BRTemplateAcc WHERE "
@@ -394,18 +383,19 @@ qint64 copyRecord(Database& db, qint64 from, qint64 parent, QString* error) {
 BOResult addTemplateSet(Database& db, const ObjectKind& kind, const QString& object,
                         const QString& key, qint64 groupId) {
     if (object.trimmed() != kind.Code)
-        return refused(
+        return MethodRefusal(
             QStringLiteral("AddBRTemplateSet: „%1“ nėra šablonų objektas.").arg(object.trimmed()));
     const qint64 source = referenceId(kind, key);
     if (source == 0)
-        return refused(QStringLiteral("AddBRTemplateSet: „%1“ nėra šablono nuoroda.").arg(key));
+        return MethodRefusal(
+            QStringLiteral("AddBRTemplateSet: „%1“ nėra šablono nuoroda.").arg(key));
     TransactionGuard tx(db);
     if (!tx.ok())
         return BOResult::Failure(tx.result().Code, tx.result().Text);
     QString error;
     const QVector<qint64> set = TemplateSubtree(db, source, &error);
     if (!error.isEmpty())
-        return failed(error);
+        return MethodFailure(error);
     QHash<qint64, qint64> copies;
     for (qint64 id : set) {
         qint64 parent = groupId;
@@ -414,12 +404,13 @@ BOResult addTemplateSet(Database& db, const ObjectKind& kind, const QString& obj
                 db.Query(QStringLiteral("SELECT ParentID FROM BRTemplates WHERE ID = ?"),
                          {Value(double(id))});
             if (!p.ok())
-                return failed(p.Text);
-            parent = copies.value(idOf(p.Scalar()));
+                return MethodFailure(p.Text);
+            parent = copies.value(NzId(p.Scalar()));
         }
         const qint64 copy = copyRecord(db, id, parent, &error);
         if (copy == 0)
-            return error.startsWith(QStringLiteral("Šablonas")) ? refused(error) : failed(error);
+            return error.startsWith(QStringLiteral("Šablonas")) ? MethodRefusal(error)
+                                                                : MethodFailure(error);
         copies.insert(id, copy);
     }
     const qint64 root = copies.value(source);
@@ -446,14 +437,14 @@ BOResult deleteTemplateSet(Database& db, qint64 id) {
     const QueryResult exists = db.Query(
         QStringLiteral("SELECT COUNT(*) FROM BRTemplates WHERE ID = ?"), {Value(double(id))});
     if (!exists.ok())
-        return failed(exists.Text);
+        return MethodFailure(exists.Text);
     if (exists.Scalar().toInt32() == 0)
         return BOResult::Failure(
             1, QStringLiteral("Įrašas %1%2 nerastas.").arg(kinds::Template).arg(id));
     QString error;
     const QVector<qint64> set = TemplateSubtree(db, id, &error);
     if (!error.isEmpty())
-        return failed(error);
+        return MethodFailure(error);
     // Children first, so that no row is ever left pointing at a parent already gone.
     for (auto it = set.crbegin(); it != set.crend(); ++it) {
         for (const char* table : {"BRTemplateAddr", "BRTemplateAcc"}) {
@@ -461,12 +452,12 @@ BOResult deleteTemplateSet(Database& db, qint64 id) {
                                                 .arg(QString::fromLatin1(table)),
                                             {Value(double(*it))});
             if (!r.ok())
-                return failed(r.Text);
+                return MethodFailure(r.Text);
         }
         const ExecResult r = db.Execute(QStringLiteral("DELETE FROM BRTemplates WHERE ID = ?"),
                                         {Value(double(*it))});
         if (!r.ok())
-            return failed(r.Text);
+            return MethodFailure(r.Text);
     }
     const ResultRecord committed = tx.Commit();
     if (!committed.ok())
@@ -573,7 +564,8 @@ ResultRecord RegisterTemplateMethods(MethodRegistry& methods) {
                            const QString ref = a.Text(QStringLiteral("ID"));
                            const qint64 id = referenceId(*kind, ref);
                            if (id == 0)
-                               return refused(QStringLiteral("Operacijos šablonas nerastas!"));
+                               return MethodRefusal(
+                                   QStringLiteral("Operacijos šablonas nerastas!"));
                            return templateLines(*ctx.database, id);
                        });
     list << BookMethod(

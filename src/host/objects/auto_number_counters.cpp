@@ -1,5 +1,6 @@
 #include "host/objects/auto_number_counters.h"
 
+#include "core/null_readers.h"
 #include "core/recordset.h"
 #include "core/today.h"
 #include "host/objects/object_kind.h"
@@ -12,10 +13,6 @@
 namespace orvo::host {
 
 namespace {
-
-qint64 idOf(const Value& v) {
-    return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
-}
 
 Value fieldAt(const Recordset& rs, int row, const char* name) {
     return rs.ValueAt(row, rs.FieldIndex(QString::fromLatin1(name)));
@@ -199,7 +196,7 @@ ResultRecord CheckOperationCounter(Database& db, Recordset& rs, int row, qint64 
     mine.AutoNumber = fieldAt(rs, row, "AutoNumber").toInt32();
     if (mine.AutoNumber <= 0)
         return ResultRecord::Success();
-    mine.GroupID = idOf(fieldAt(rs, row, "BROperGroupID"));
+    mine.GroupID = NzId(fieldAt(rs, row, "BROperGroupID"));
     mine.OType = fieldAt(rs, row, "OType").toString().trimmed();
     if (mine.OType.isEmpty())
         mine.OType = kinds::Operation;
@@ -220,7 +217,7 @@ ResultRecord CheckOperationCounter(Database& db, Recordset& rs, int row, qint64 
             if (!stored.At(0, 4).toString().isEmpty())
                 mine.CreatorCode = stored.At(0, 4).toString();
             if (stored.At(0, 0).toInt32() == mine.AutoNumber &&
-                idOf(stored.At(0, 1)) == mine.GroupID && stored.At(0, 2).toDate() == mine.Date &&
+                NzId(stored.At(0, 1)) == mine.GroupID && stored.At(0, 2).toDate() == mine.Date &&
                 stored.At(0, 3).toString().trimmed() == mine.OType)
                 return ResultRecord::Success();
         }
@@ -261,7 +258,7 @@ ResultRecord CheckOperationCounter(Database& db, Recordset& rs, int row, qint64 
     for (int i = 0; i < others.RowCount(); ++i) {
         CounterOwner other;
         other.AutoNumber = mine.AutoNumber;
-        other.GroupID = idOf(others.At(i, 1));
+        other.GroupID = NzId(others.At(i, 1));
         other.OType = others.At(i, 2).toString().trimmed();
         other.Date = others.At(i, 3).toDate();
         other.CreatorCode = others.At(i, 4).toString();

@@ -1,5 +1,6 @@
 #include "host/objects/template_kind.h"
 
+#include "core/null_readers.h"
 #include "core/recordset.h"
 #include "host/objects/object_kind_registry.h"
 #include "host/storage/database.h"
@@ -14,10 +15,6 @@ namespace {
 const QString kAcc = QStringLiteral("BRTemplateAcc");
 const QString kAddr = QStringLiteral("BRTemplateAddr");
 const QString kParentColumn = QStringLiteral("BRTemplateID");
-
-qint64 idOf(const Value& v) {
-    return v.isNull() ? 0 : static_cast<qint64>(v.toDouble());
-}
 
 // GUIDs as the component writes them: upper-case hex in braces.
 QString newGuid() {
@@ -91,7 +88,7 @@ QVector<qint64> childrenOf(Database& db, qint64 id, QString* error) {
         return out;
     }
     for (int i = 0; i < q.RowCount(); ++i)
-        out.append(idOf(q.At(i, 0)));
+        out.append(NzId(q.At(i, 0)));
     return out;
 }
 
@@ -148,7 +145,7 @@ ResultRecord RenewTemplateCodes(Database& db, qint64 id, QString* ownCode, QStri
         return ResultRecord::Failure(self.Code, self.Text);
     if (self.RowCount() == 0)
         return refused(QStringLiteral("Šablonas %1 nerastas.").arg(id));
-    const qint64 parentId = idOf(self.At(0, 0));
+    const qint64 parentId = NzId(self.At(0, 0));
     const QString oldCode = self.At(0, 1).toString();
     QString parentOwn;
     if (parentId > 0) {

@@ -109,12 +109,7 @@ Migration AccountTotalsMigration() {
     m.Apply = [](Database& db) {
         QStringList statements{fillFromEntries()};
         statements += db.Kind() == Backend::PostgreSQL ? postgresTriggers() : sqliteTriggers();
-        for (const QString& sql : std::as_const(statements)) {
-            const ExecResult r = db.Execute(sql);
-            if (!r.ok())
-                return ResultRecord::Failure(r.Code, r.Text);
-        }
-        return ResultRecord::Success();
+        return ExecuteStatements(db, statements);
     };
     return m;
 }

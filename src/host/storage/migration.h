@@ -9,6 +9,7 @@
 #include "core/results.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 #include <functional>
 
@@ -27,5 +28,9 @@ struct Migration {
     // Anything a description cannot say (reshaping data); runs last. May be empty.
     std::function<ResultRecord(Database&)> Apply;
 };
+
+// Runs the fixed statements of an Apply step (triggers, fills) in order, stopping at the
+// first the book refuses.
+ResultRecord ExecuteStatements(Database& db, const QStringList& statements);
 
 } // namespace orvo::host

@@ -96,4 +96,13 @@ ResultRecord Migrator::Prepare(Database& db, bool allowCreate) {
     return ResultRecord::Success();
 }
 
+ResultRecord ExecuteStatements(Database& db, const QStringList& statements) {
+    for (const QString& sql : statements) {
+        const ExecResult r = db.Execute(sql);
+        if (!r.ok())
+            return ResultRecord::Failure(r.Code, r.Text);
+    }
+    return ResultRecord::Success();
+}
+
 } // namespace orvo::host

@@ -249,12 +249,7 @@ Migration OpenItemsMigration() {
         // The entries the book already holds, before the triggers take over.
         QStringList statements{insertKept(QStringLiteral("1 = 1"))};
         statements += db.Kind() == Backend::PostgreSQL ? postgresTriggers() : sqliteTriggers();
-        for (const QString& sql : std::as_const(statements)) {
-            const ExecResult r = db.Execute(sql);
-            if (!r.ok())
-                return ResultRecord::Failure(r.Code, r.Text);
-        }
-        return ResultRecord::Success();
+        return ExecuteStatements(db, statements);
     };
     return m;
 }
