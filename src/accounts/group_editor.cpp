@@ -341,6 +341,14 @@ void GroupEditor::putFields() {
     object_->SetField(QStringLiteral("ANMask"), mask_.Text());
 }
 
+bool GroupEditor::deletedMeanwhile() const {
+    if (object_->OIDR().size() < 9)
+        return false;
+    const OrvoServicesPtr s = OrvoS();
+    const OrvoObjectsServicePtr objects = s ? s->ObjectsService() : nullptr;
+    return objects && !objects->GetObjectUIO(object_->OIDR());
+}
+
 ResultRecord GroupEditor::Write() {
     putFields();
     if (!general_ && FormOID == kContractForm) {
@@ -353,6 +361,11 @@ ResultRecord GroupEditor::Write() {
     }
     const ResultRecord r = object_->Save();
     if (!r.ok()) {
+        // A stored group that someone else deleted meanwhile: that is all there is to say.
+        if (deletedMeanwhile()) {
+            ShowError(QStringLiteral("Grupė panaikinta!"));
+            return r;
+        }
         ShowError(r.Text + QStringLiteral("\n") + QStringLiteral("Įrašymas neatliktas !"));
         return r;
     }

@@ -120,6 +120,8 @@ public:
     const OrvoObjectUIOPtr& Object() const { return object_; }
 
 private:
+    // Whether the stored group can no longer be read: someone else deleted it.
+    bool deletedMeanwhile() const;
     // Puts the editor's values into the record's fields.
     void putFields();
     QString parametersToWrite() const;

@@ -193,6 +193,23 @@ TEST_P(GroupEditorTest, ChoosingO1000100WithoutATemplateCannotBeSaved) {
     EXPECT_FALSE(editor->IsNew());
 }
 
+TEST_P(GroupEditorTest, SavingAGroupDeletedMeanwhileSaysGrupePanaikintaAndWritesNothing) {
+    const qint64 id = AddGroup(QStringLiteral("Nuoma"));
+    const auto editor = Open(Stored(id));
+    // Another desk deletes the group while the window stays open.
+    ASSERT_TRUE(navigator_->DeleteOrvoObject(GroupOID(id)));
+    Texts(MessageKind::Error);
+    editor->Name = QStringLiteral("Nuoma ir komunaliniai");
+    EXPECT_FALSE(editor->Write().ok());
+    EXPECT_EQ(Texts(MessageKind::Error), QStringList{QStringLiteral("Grupė panaikinta!")});
+    EXPECT_EQ(session_->Db()
+                  .Query(QStringLiteral("SELECT COUNT(*) FROM BROperGroups WHERE ID = ?"),
+                         {Value(double(id))})
+                  .Scalar()
+                  .toInt32(),
+              0);
+}
+
 TEST_P(GroupEditorTest, SaveThenReopenShowsTheStoredValues) {
     const qint64 id = AddGroup(QStringLiteral("Bankas"));
     {
