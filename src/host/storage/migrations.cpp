@@ -16,15 +16,15 @@ const QVector<Migration>& Migrations() {
     // Append new migrations at the end with the next number; never change one that has
     // shipped, since books already carry it.
     static const QVector<Migration> list = {
-        CatalogueMigration(),
-        AccountsMigration(),
-        OperationsMigration(),
-        GroupsMigration(),
-        AccountTotalsMigration(),
-        CatalogueLockMigration(),
-        GroupDebtsMigration(),
-        OpenItemsMigration(),
-        CommentTemplatesMigration(),
+        CatalogueMigration(),        // 1
+        AccountsMigration(),         // 2
+        OperationsMigration(),       // 3
+        GroupsMigration(),           // 4
+        AccountTotalsMigration(),    // 5
+        CatalogueLockMigration(),    // 6
+        GroupDebtsMigration(),       // 7
+        OpenItemsMigration(),        // 8
+        CommentTemplatesMigration(), // 9
     };
     return list;
 }
