@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QPair>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace orvo::host {
@@ -317,12 +318,19 @@ DebtList DebtQuery::Open(const DebtSelection& s) {
     if (!covered.ok())
         return {covered.Code, covered.Text, {}};
     rows.removeIf([](const DebtRow& d) { return d.RestCents == 0 && d.RestCurrCents == 0; });
-    out.Rows = std::move(rows);
     // By date and entry, the debit debt of an entry before its credit debt; sorted here
-    // rather than by the database, which does it slower with every column in tow.
-    std::stable_sort(out.Rows.begin(), out.Rows.end(), [](const DebtRow& a, const DebtRow& b) {
+    // rather than by the database, which does it slower with every column in tow. The
+    // positions are sorted and the rows moved once, since a row is large to move.
+    QVector<int> order(rows.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&rows](int i, int j) {
+        const DebtRow& a = rows.at(i);
+        const DebtRow& b = rows.at(j);
         return a.DateD != b.DateD ? a.DateD < b.DateD : a.EntryId < b.EntryId;
     });
+    out.Rows.reserve(rows.size());
+    for (const int i : std::as_const(order))
+        out.Rows.append(std::move(rows[i]));
     return out;
 }
 

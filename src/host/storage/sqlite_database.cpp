@@ -16,6 +16,23 @@ using namespace storage;
 
 namespace {
 
+// The date of a YYYY-MM-DD text, or an invalid date for any other text.
+QDate IsoDateOf(const char* bytes, int size) {
+    if (size != 10 || bytes[4] != '-' || bytes[7] != '-')
+        return QDate();
+    int parts[3] = {0, 0, 0};
+    const int starts[3] = {0, 5, 8};
+    const int lengths[3] = {4, 2, 2};
+    for (int p = 0; p < 3; ++p)
+        for (int k = 0; k < lengths[p]; ++k) {
+            const char c = bytes[starts[p] + k];
+            if (c < '0' || c > '9')
+                return QDate();
+            parts[p] = parts[p] * 10 + (c - '0');
+        }
+    return QDate(parts[0], parts[1], parts[2]);
+}
+
 // The cache is dropped whole when it grows past this many statements: only SQL built
 // with a varying shape (IN lists) can get there, and re-preparing is cheap.
 constexpr int kCacheLimit = 256;
@@ -397,7 +414,17 @@ QueryResult SqliteDatabase::Query(const QString& sql, const ValueArray& params,
                 break;
             default: {
                 const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
-                const QString text = QString::fromUtf8(bytes, sqlite3_column_bytes(stmt, i));
+                const int size = sqlite3_column_bytes(stmt, i);
+                if (types[i] == ColumnType::Date) {
+                    // Dates are stored as YYYY-MM-DD: read straight from the bytes, since a
+                    // list of debts or entries reads one in every row.
+                    const QDate d = IsoDateOf(bytes, size);
+                    if (d.isValid()) {
+                        row << Value(d);
+                        break;
+                    }
+                }
+                const QString text = QString::fromUtf8(bytes, size);
                 if (types[i] == ColumnType::Date) {
                     const QDate d = QDate::fromString(text, Qt::ISODate);
                     row << (d.isValid() ? Value(d) : Value(text));
