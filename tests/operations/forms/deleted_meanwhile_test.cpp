@@ -8,10 +8,7 @@
 namespace orvo::ui::testing {
 
 TEST_F(OperationFormsTest, SavingAnOperationDeletedMeanwhileSaysSoAndWritesNothing) {
-    const OrvoObjectUIOPtr op = NewOperation(2);
-    op->Methods(QStringLiteral("AddBR"),
-                {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
-                 Value(ValueArray())});
+    const OrvoObjectUIOPtr op = NewOperationWithAnEntry();
     const auto form = OpenEditor(op);
     ASSERT_TRUE(form);
     Type(Find<QLineEdit>(form->Widget(), "txtNumber"), QStringLiteral("D-1"));

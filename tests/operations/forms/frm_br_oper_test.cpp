@@ -263,10 +263,7 @@ TEST_F(OperationFormsTest, CommentOf1001CharactersIsCutTo1000OnScreenAndInTheBoo
 namespace orvo::ui::testing {
 
 TEST_F(OperationFormsTest, CtrlNAfterASaveStartsANewOperationInTheSameGroup) {
-    const OrvoObjectUIOPtr op = NewOperation(2);
-    op->Methods(QStringLiteral("AddBR"),
-                {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
-                 Value(ValueArray())});
+    const OrvoObjectUIOPtr op = NewOperationWithAnEntry();
     const auto form = OpenEditor(op);
     ASSERT_TRUE(form);
     QWidget* root = form->Widget();
@@ -306,10 +303,7 @@ TEST_F(OperationFormsTest, SavedOperationAppearsInItsGroupsOpenedListInTheTree) 
     group->setExpanded(true);
     const int before = Rows(group).size();
 
-    const OrvoObjectUIOPtr op = NewOperation(2);
-    op->Methods(QStringLiteral("AddBR"),
-                {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
-                 Value(ValueArray())});
+    const OrvoObjectUIOPtr op = NewOperationWithAnEntry();
     const auto form = OpenEditor(op);
     ASSERT_TRUE(form);
     Type(Find<QLineEdit>(form->Widget(), "txtNumber"), QStringLiteral("T-1"));

@@ -175,10 +175,7 @@ TEST_F(CommentListFormTest, EmptyRowIsRefusedAndTheFrameKeepsWaiting) {
 }
 
 TEST_F(CommentListFormTest, ProtocolOfASavedOperationShowsItsStampsAndItsChanges) {
-    const OrvoObjectUIOPtr op = NewOperation(2);
-    op->Methods(QStringLiteral("AddBR"),
-                {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
-                 Value(ValueArray())});
+    const OrvoObjectUIOPtr op = NewOperationWithAnEntry();
     form_ = OpenEditor(op);
     ASSERT_TRUE(form_);
     Type(Find<QLineEdit>(Editor(), "txtNumber"), QStringLiteral("P-1"));

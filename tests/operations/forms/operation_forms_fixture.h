@@ -96,6 +96,17 @@ protected:
         return op;
     }
 
+    // A new operation in the group with one plain entry (6100 against 2720, 7.00), ready
+    // to be written.
+    OrvoObjectUIOPtr NewOperationWithAnEntry(qint32 group = 2) {
+        const OrvoObjectUIOPtr op = NewOperation(group);
+        if (op)
+            op->Methods(QStringLiteral("AddBR"),
+                        {Value(QStringLiteral("6100")), Value(QStringLiteral("2720")), Value(7.0),
+                         Value(ValueArray())});
+        return op;
+    }
+
     OrvoObjectUIOPtr Stored(const QString& oidr) {
         return session_->Services()->ObjectsService()->GetObjectUIO(oidr);
     }
