@@ -35,6 +35,29 @@ protected:
         });
     }
 
+    // The entries' dates, sums and texts, in order.
+    QList<QDate> entryDates() const {
+        QList<QDate> out;
+        const RecordsetPtr br = Entries();
+        for (br->MoveFirst(); !br->Eof(); br->MoveNext())
+            out.append(br->Field("DateD").toDate());
+        return out;
+    }
+    QList<double> entrySums() const {
+        QList<double> out;
+        const RecordsetPtr br = Entries();
+        for (br->MoveFirst(); !br->Eof(); br->MoveNext())
+            out.append(br->Field("SumA").toDouble());
+        return out;
+    }
+    QStringList entryInfos() const {
+        QStringList out;
+        const RecordsetPtr br = Entries();
+        for (br->MoveFirst(); !br->Eof(); br->MoveNext())
+            out.append(br->Field("Info").toString());
+        return out;
+    }
+
     QString addEntry(const ValueArray& parameters) {
         const ValueResult r = AddBR(parameters);
         EXPECT_EQ(r.Code, 0) << r.Text.toStdString();
@@ -181,13 +204,8 @@ TEST_F(OperationEditorTest, CopyingAnEntryDatedJanuary31GivesTheLastDayOfFebruar
     choice.Sum = 300.0;
     choice.Day = 31;
     ASSERT_TRUE(editor.CopyEntryByMonths(guid, choice));
-    QList<QDate> dates;
-    QList<double> sums;
-    const RecordsetPtr br = Entries();
-    for (br->MoveFirst(); !br->Eof(); br->MoveNext()) {
-        dates.append(br->Field("DateD").toDate());
-        sums.append(br->Field("SumA").toDouble());
-    }
+    const QList<QDate> dates = entryDates();
+    const QList<double> sums = entrySums();
     EXPECT_EQ(dates, QList<QDate>({QDate(2024, 1, 31), QDate(2024, 2, 29)}));
     EXPECT_EQ(sums, QList<double>({300.0, 300.0}));
 }
@@ -204,15 +222,9 @@ TEST_F(OperationEditorTest, PeriodSumSpreadOverMonthsKeepsTheTotalExactInTheLast
     choice.LastDay = true;
     choice.WithComment = true;
     ASSERT_TRUE(editor.CopyEntryByMonths(guid, choice));
-    QList<QDate> dates;
-    QList<double> sums;
-    QStringList infos;
-    const RecordsetPtr br = Entries();
-    for (br->MoveFirst(); !br->Eof(); br->MoveNext()) {
-        dates.append(br->Field("DateD").toDate());
-        sums.append(br->Field("SumA").toDouble());
-        infos.append(br->Field("Info").toString());
-    }
+    const QList<QDate> dates = entryDates();
+    const QList<double> sums = entrySums();
+    const QStringList infos = entryInfos();
     EXPECT_EQ(dates, QList<QDate>({QDate(2024, 1, 31), QDate(2024, 2, 29), QDate(2024, 3, 31)}));
     EXPECT_EQ(sums, QList<double>({33.33, 33.33, 33.34}));
     EXPECT_EQ(infos, QStringList({"Nuoma", "Nuoma", "Nuoma"}));
