@@ -299,6 +299,34 @@ void Recordset::AddNew() {
     pos_ = view_.size() - 1;
 }
 
+bool Recordset::AppendStored(ValueArray values) {
+    if (values.size() != fields_.size())
+        return false;
+    for (int i = 0; i < values.size(); ++i) {
+        const FieldDef& f = fields_.at(i);
+        if (f.type == FieldType::Chapter && values.at(i).isNull()) {
+            values[i] = Value(Create(f.children ? *f.children : FieldDefs{}));
+            continue;
+        }
+        bool ok = false;
+        Value fitted = coerce(i, values.at(i), &ok);
+        if (!ok)
+            return false;
+        values[i] = std::move(fitted);
+    }
+    Row row;
+    row.id = nextRowId_++;
+    row.status = RowStatus::Unchanged;
+    row.values = std::move(values);
+    rows_.append(std::move(row));
+    // Appending must not move the current row, nor turn an end-of-view into a row.
+    const bool atEnd = pos_ >= view_.size();
+    view_.append(rows_.size() - 1);
+    if (atEnd)
+        pos_ = view_.size();
+    return true;
+}
+
 void Recordset::Update() {
     // Values are written by SetField at once; nothing is pending here.
 }

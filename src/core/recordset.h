@@ -81,6 +81,14 @@ public:
     bool SetField(int index, const Value& value);
     RowStatus Status() const;
 
+    // Appends a row as storage holds it: status Unchanged, so that a save leaves it alone,
+    // with one value per field, each coerced as SetField would (Null in a Chapter field
+    // becomes an empty nested recordset). False, and nothing appended, when the count
+    // differs from the fields' or a value does not fit. The row joins the view at its end,
+    // as a new row does, and the current row stays where it was: this is how a long list
+    // read from the book is filled without an edit per field.
+    bool AppendStored(ValueArray values);
+
     // Editing.
     void AddNew();
     void Update();

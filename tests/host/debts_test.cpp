@@ -320,6 +320,27 @@ TEST_P(DebtListTest, CoversFoundByReferenceOrByAccountGiveTheSameRests) {
     EXPECT_EQ(rests(byReference), rests(byAccount));
 }
 
+TEST_P(DebtListTest, EntryNamingTwoFirmsIsOneDebtUnderTheFirst) {
+    Invoice(kCustomer, 30.00, kJan20, QStringLiteral("L"));
+    Book(kJan10, QStringLiteral("D"),
+         {{QStringLiteral("2410"),
+           QStringLiteral("5000"),
+           80.00,
+           {{1, kOtherCustomer, QString()}, {1, kCustomer, QString()}},
+           {},
+           {},
+           QString()}});
+
+    const QStringList expected{"D|" + kOtherCustomer + "|80", "L|" + kCustomer + "|30"};
+    EXPECT_EQ(
+        Rows(Debts(QStringLiteral("GetDebts2"), "2410", kMar31, QStringLiteral("O0000100"), 1),
+             {"Number", "FOIDR", "LikutisLt"}),
+        expected);
+    EXPECT_EQ(Rows(Debts(QStringLiteral("GetDebts3"), "2410", kMar31, QString(), 1),
+                   {"Number", "FOIDR", "LikutisLt"}),
+              expected);
+}
+
 TEST_P(DebtListTest, MissingDateIsRefused) {
     const BOResult r = Call(QStringLiteral("GetDebts1"), QStringLiteral("'0','2410'"));
     EXPECT_FALSE(r.ok());

@@ -70,28 +70,14 @@ double quotedRate(const DebtRow& d, const QString& baseCurrency) {
 RecordsetPtr debtRecordset(const QVector<DebtRow>& rows, const QString& baseCurrency) {
     RecordsetPtr rs = Recordset::Create(debtFields());
     for (const DebtRow& d : rows) {
-        rs->AddNew();
-        int f = 0;
-        rs->SetField(f++, DebtQuery::EntryReference(d.EntryId));
-        rs->SetField(f++, Value(d.DateD));
-        rs->SetField(f++, d.Number);
-        rs->SetField(f++, d.Comment);
-        rs->SetField(f++, d.FOIDR);
-        rs->SetField(f++, d.AccountD);
-        rs->SetField(f++, d.AccountC);
-        rs->SetField(f++, Money::FromCents(d.FullCents));
-        rs->SetField(f++, Money::FromCents(d.FullCurrCents));
-        rs->SetField(f++, Money::FromCents(d.RestCents));
-        rs->SetField(f++, Money::FromCents(d.RestCurrCents));
-        rs->SetField(f++, d.CurrencyCode);
-        rs->SetField(f++, d.RateCurr);
-        rs->SetField(f++, quotedRate(d, baseCurrency));
-        rs->SetField(f++, 0.0);
-        rs->SetField(f++, 0.0);
-        rs->SetField(f++, Value(qint16(d.Sign)));
-        rs->Update();
+        rs->AppendStored({DebtQuery::EntryReference(d.EntryId), Value(d.DateD), d.Number, d.Comment,
+                          d.FOIDR, d.AccountD, d.AccountC, Money::FromCents(d.FullCents),
+                          Money::FromCents(d.FullCurrCents), Money::FromCents(d.RestCents),
+                          Money::FromCents(d.RestCurrCents), d.CurrencyCode, d.RateCurr,
+                          quotedRate(d, baseCurrency), 0.0, 0.0, Value(qint16(d.Sign))});
     }
-    return finished(rs);
+    rs->MoveFirst();
+    return rs;
 }
 
 QVector<ParameterSpec> debtParameters() {

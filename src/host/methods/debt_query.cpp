@@ -1,13 +1,13 @@
 #include "host/methods/debt_query.h"
 
 #include "host/storage/database.h"
-#include "host/storage/money.h"
 
 #include <QHash>
 #include <QPair>
 #include <algorithm>
-#include <numeric>
+#include <tuple>
 #include <utility>
+#include <vector>
 
 namespace orvo::host {
 
@@ -24,13 +24,8 @@ qint64 idAt(const QueryResult& q, int row, int column) {
     return static_cast<qint64>(q.At(row, column).toDouble());
 }
 
-qint64 centsAt(const QueryResult& q, int row, int column) {
-    const Value v = q.At(row, column);
-    return v.isNull() ? 0 : Money::CentsFromValue(v);
-}
-
-QString codeOf(const Value& v) {
-    const QString code = v.isNull() ? QString() : v.toString().trimmed();
+QString codeOf(const QString& text) {
+    const QString code = text.trimmed();
     return code.isEmpty() ? kBaseCode : code;
 }
 
@@ -73,14 +68,14 @@ void applyCover(DebtRow& debt, const Cover& c) {
         debt.RestCurrCents += direction * c.CurrCents;
 }
 
-Cover coverAt(const QueryResult& q, int row) {
+Cover coverAt(const RowCursor& row) {
     Cover c;
-    c.Reference = q.At(row, 0).toString();
-    c.Sign = q.At(row, 1).toInt32() == 1 ? 1 : -1;
-    c.Cents = centsAt(q, row, 2);
-    c.CurrCents = centsAt(q, row, 3);
-    c.Code = codeOf(q.At(row, 4));
-    c.EntryId = idAt(q, row, 5);
+    c.Reference = row.Text(0);
+    c.Sign = row.Int64(1) == 1 ? 1 : -1;
+    c.Cents = row.Int64(2);
+    c.CurrCents = row.Int64(3);
+    c.Code = codeOf(row.Text(4));
+    c.EntryId = row.Int64(5);
     return c;
 }
 
@@ -115,8 +110,8 @@ ResultRecord DebtQuery::FirmAndBranches(Database& db, const QString& addressee, 
     return ResultRecord::Success();
 }
 
-ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows,
-                                       QVector<int>& uncounted) {
+ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
+                                       QVector<Candidate>& found) {
     const QPair<QString, QString> refs = KindRange(kEntryKind);
     const QString addressee = s.Addressee.trimmed();
     // SQLite takes the tables in the order written around CROSS JOIN: the addressee's rows
@@ -188,54 +183,37 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign, QVector
         from + QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND "));
     params.prepend(Value(s.Date));
 
-    const QueryResult q = db_.Query(full, params);
-    if (!q.ok())
-        return ResultRecord::Failure(q.Code, q.Text);
-    // An entry with two addressees of the kind on the side is one debt, under the first.
-    QHash<qint64, QPair<int, qint64>> seen;
-    seen.reserve(q.RowCount());
-    for (int i = 0; i < q.RowCount(); ++i) {
-        const qint64 id = idAt(q, i, 0);
-        const qint64 property = q.At(i, 18).isNull() ? 0 : idAt(q, i, 18);
-        const auto earlier = seen.find(id);
-        if (earlier != seen.end()) {
-            if (property < earlier->second) {
-                earlier->second = property;
-                rows[earlier->first].FOIDR = q.At(i, 10).toString();
-                rows[earlier->first].ShowString = q.At(i, 11).toString();
-            }
-            continue;
-        }
-        seen.insert(id, {int(rows.size()), property});
-        DebtRow d;
-        d.EntryId = id;
-        d.OperationId = idAt(q, i, 1);
-        d.DateD = q.At(i, 2).toDate();
-        d.FullCents = centsAt(q, i, 3);
-        d.AccountD = q.At(i, 4).toString();
-        d.AccountC = q.At(i, 5).toString();
-        const QString info = q.At(i, 6).toString().trimmed();
-        d.StoredCurrencyRate = q.At(i, 7).isNull() ? 0 : q.At(i, 7).toDouble();
-        d.Number = q.At(i, 8).toString();
+    return db_.QueryEach(full, params, [&](const RowCursor& c) {
+        Candidate candidate;
+        candidate.AddresseeRowId = c.Int64(18);
+        DebtRow& d = candidate.Row;
+        d.EntryId = c.Int64(0);
+        d.OperationId = c.Int64(1);
+        d.DateD = c.Date(2);
+        d.FullCents = c.Int64(3);
+        d.AccountD = c.Text(4);
+        d.AccountC = c.Text(5);
+        const QString info = c.Text(6).trimmed();
+        d.StoredCurrencyRate = c.Double(7);
+        d.Number = c.Text(8);
         // The entry's own text names the document best; an entry without one shows the
         // operation's comment.
-        d.Comment = info.isEmpty() ? q.At(i, 9).toString() : info;
-        d.FOIDR = q.At(i, 10).toString();
-        d.ShowString = q.At(i, 11).toString();
-        d.CurrencyCode = codeOf(q.At(i, 12));
-        d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : centsAt(q, i, 13);
-        d.RateCurr = q.At(i, 14).isNull() ? 0 : q.At(i, 14).toDouble();
+        d.Comment = info.isEmpty() ? c.Text(9) : info;
+        d.FOIDR = c.Text(10);
+        d.ShowString = c.Text(11);
+        d.CurrencyCode = codeOf(c.Text(12));
+        d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : c.Int64(13);
+        d.RateCurr = c.Double(14);
         d.Sign = sign;
         // Not kept: the whole sums; covered by the date at the latest (or never): the
         // kept rests; covered also later: counted at the date below.
-        const int covered = q.At(i, 17).toInt32();
-        d.RestCents = covered == 1 ? centsAt(q, i, 15) : d.FullCents;
-        d.RestCurrCents = covered == 1 ? centsAt(q, i, 16) : d.FullCurrCents;
-        if (covered == 2)
-            uncounted << rows.size();
-        rows.append(std::move(d));
-    }
-    return ResultRecord::Success();
+        const qint64 covered = c.Int64(17);
+        d.RestCents = covered == 1 ? c.Int64(15) : d.FullCents;
+        d.RestCurrCents = covered == 1 ? c.Int64(16) : d.FullCurrCents;
+        candidate.CountLater = covered == 2;
+        found.append(std::move(candidate));
+        return true;
+    });
 }
 
 ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& rows,
@@ -246,13 +224,12 @@ ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& ro
     byReference.reserve(uncounted.size());
     for (const int i : uncounted)
         byReference.insert(EntryReference(rows.at(i).EntryId), i);
-    auto take = [&](const QueryResult& q) {
-        for (int i = 0; i < q.RowCount(); ++i) {
-            const Cover c = coverAt(q, i);
-            const auto it = byReference.constFind(c.Reference);
-            if (it != byReference.constEnd())
-                applyCover(rows[it.value()], c);
-        }
+    const RowVisitor take = [&](const RowCursor& row) {
+        const Cover c = coverAt(row);
+        const auto it = byReference.constFind(c.Reference);
+        if (it != byReference.constEnd())
+            applyCover(rows[it.value()], c);
+        return true;
     };
 
     if (uncounted.size() <= referenceLookupLimit_) {
@@ -264,7 +241,7 @@ ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& ro
             for (int i = 0; i < count; ++i)
                 params << Value(EntryReference(rows.at(uncounted.at(from + i)).EntryId));
             params << Value(s.Date) << Value(s.Account) << Value(s.Account);
-            const QueryResult q = db_.Query(
+            const ResultRecord r = db_.QueryEach(
                 QStringLiteral("SELECT r.FOIDR, r.Sign, c.SumA, k.SumCurr, k.FCurrencyCode, c.ID "
                                "FROM BRProperties r JOIN BR c ON c.ID = r.BRID LEFT JOIN "
                                "BRCurrency k ON k.BRID = c.ID AND ((r.Sign = 1 AND k.Sign = 1) "
@@ -272,10 +249,9 @@ ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& ro
                     placeholders(count) +
                     QStringLiteral(") AND c.DateD <= ? AND ((r.Sign = 1 AND c.AccountD = ?) OR "
                                    "(r.Sign <> 1 AND c.AccountC = ?))"),
-                params);
-            if (!q.ok())
-                return ResultRecord::Failure(q.Code, q.Text);
-            take(q);
+                params, take);
+            if (!r.ok())
+                return r;
         }
         return ResultRecord::Success();
     }
@@ -292,11 +268,10 @@ ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& ro
                            "k.BRID = c.ID AND ") +
             sideCondition(QStringLiteral("k"), side) + QStringLiteral(" WHERE c.") +
             accountColumn(side) + QStringLiteral(" = ? AND c.DateD <= ?");
-        const QueryResult q = db_.Query(
-            sql, {Value(refs.first), Value(refs.second), Value(s.Account), Value(s.Date)});
-        if (!q.ok())
-            return ResultRecord::Failure(q.Code, q.Text);
-        take(q);
+        const ResultRecord r = db_.QueryEach(
+            sql, {Value(refs.first), Value(refs.second), Value(s.Account), Value(s.Date)}, take);
+        if (!r.ok())
+            return r;
     }
     return ResultRecord::Success();
 }
@@ -305,32 +280,53 @@ DebtList DebtQuery::Open(const DebtSelection& s) {
     DebtList out;
     if (s.Account.trimmed().isEmpty() || !s.Date.isValid())
         return out;
-    QVector<DebtRow> rows;
-    QVector<int> uncounted;
+    QVector<Candidate> found;
     for (const int sign : {1, -1}) {
         if (s.Sign != 0 && s.Sign != sign)
             continue;
-        const ResultRecord r = readCandidates(s, sign, rows, uncounted);
+        const ResultRecord r = readCandidates(s, sign, found);
         if (!r.ok())
             return {r.Code, r.Text, {}};
     }
-    const ResultRecord covered = applyCovers(s, rows, uncounted);
+    // By date and entry, the debit debt of an entry before its credit debt; sorted here
+    // rather than by the database, which does it slower with every column in tow. Compact
+    // keys are sorted and each row moved once, since a row is large. An entry named by two
+    // addressees of the kind on one side comes twice, side by side: it is one debt, under
+    // the first addressee.
+    struct Key {
+        qint64 Day;
+        qint64 Entry;
+        int Side;
+        qint64 Addressee;
+        int At;
+        bool operator<(const Key& o) const {
+            return std::tie(Day, Entry, Side, Addressee) <
+                   std::tie(o.Day, o.Entry, o.Side, o.Addressee);
+        }
+    };
+    std::vector<Key> keys;
+    keys.reserve(found.size());
+    for (int i = 0; i < found.size(); ++i) {
+        const DebtRow& d = found.at(i).Row;
+        keys.push_back({d.DateD.toJulianDay(), d.EntryId, -d.Sign, found.at(i).AddresseeRowId, i});
+    }
+    std::sort(keys.begin(), keys.end());
+    QVector<int> uncounted;
+    out.Rows.reserve(found.size());
+    for (const Key& k : keys) {
+        Candidate& c = found[k.At];
+        if (!out.Rows.isEmpty() && out.Rows.constLast().EntryId == c.Row.EntryId &&
+            out.Rows.constLast().Sign == c.Row.Sign)
+            continue;
+        if (c.CountLater)
+            uncounted << out.Rows.size();
+        out.Rows.append(std::move(c.Row));
+    }
+    found.clear();
+    const ResultRecord covered = applyCovers(s, out.Rows, uncounted);
     if (!covered.ok())
         return {covered.Code, covered.Text, {}};
-    rows.removeIf([](const DebtRow& d) { return d.RestCents == 0 && d.RestCurrCents == 0; });
-    // By date and entry, the debit debt of an entry before its credit debt; sorted here
-    // rather than by the database, which does it slower with every column in tow. The
-    // positions are sorted and the rows moved once, since a row is large to move.
-    QVector<int> order(rows.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&rows](int i, int j) {
-        const DebtRow& a = rows.at(i);
-        const DebtRow& b = rows.at(j);
-        return a.DateD != b.DateD ? a.DateD < b.DateD : a.EntryId < b.EntryId;
-    });
-    out.Rows.reserve(rows.size());
-    for (const int i : std::as_const(order))
-        out.Rows.append(std::move(rows[i]));
+    out.Rows.removeIf([](const DebtRow& d) { return d.RestCents == 0 && d.RestCurrCents == 0; });
     return out;
 }
 

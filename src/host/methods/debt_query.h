@@ -107,11 +107,18 @@ public:
     static ResultRecord FirmAndBranches(Database& db, const QString& addressee, QStringList* out);
 
 private:
-    // Appends the debts of one side not closed for good by the date; those whose kept rests
-    // do not hold at the date (something refers to them later) are named in `uncounted`
-    // and carry their whole sums.
-    ResultRecord readCandidates(const DebtSelection& s, int sign, QVector<DebtRow>& rows,
-                                QVector<int>& uncounted);
+    // A debt as read, before an entry named by two addressees of the kind becomes one debt.
+    struct Candidate {
+        DebtRow Row;
+        // The addressee row that names it; of two, the first is kept.
+        qint64 AddresseeRowId = 0;
+        // Its kept rests do not hold at the date (something refers to it later): it carries
+        // its whole sums, and its rests are counted from the covers.
+        bool CountLater = false;
+    };
+
+    // Appends the debts of one side not closed for good by the date.
+    ResultRecord readCandidates(const DebtSelection& s, int sign, QVector<Candidate>& found);
     // Counts the rests of the `uncounted` rows at the date from the entries that refer to
     // them.
     ResultRecord applyCovers(const DebtSelection& s, QVector<DebtRow>& rows,

@@ -23,6 +23,9 @@
 //   registered table (RegisterTable; every table of the migrations is registered when
 //   the book opens). A computed column (MAX(DateD) AS LastDate) is read as a date when
 //   the caller names it in `dateColumns`; PostgreSQL needs no such hint but accepts it.
+// - QueryEach streams the rows of a query to a visitor instead (row_cursor.h): nothing is
+//   kept but what the visitor keeps, which is how a list of a hundred thousand rows is
+//   read. A failure of the statement is the result; a visitor that stops early is not.
 // - Column names come back in the spelling of the registered schema (`VATCode` even
 //   where PostgreSQL says "vatcode"); an alias outside the schema comes back as the
 //   backend gives it, so write such aliases in double quotes when their case matters.
@@ -57,6 +60,7 @@
 #include "core/results.h"
 #include "core/value.h"
 #include "host/storage/query_result.h"
+#include "host/storage/row_cursor.h"
 #include "host/storage/schema.h"
 
 #include <QHash>
@@ -145,6 +149,8 @@ public:
     virtual ExecResult ExecuteMany(const QString& sql, const QVector<ValueArray>& rows) = 0;
     virtual QueryResult Query(const QString& sql, const ValueArray& params = {},
                               const QStringList& dateColumns = {}) = 0;
+    virtual ResultRecord QueryEach(const QString& sql, const ValueArray& params,
+                                   const RowVisitor& visit) = 0;
 
     // Transactions.
     ResultRecord Begin();

@@ -370,6 +370,101 @@ QueryResult PostgresDatabase::ReadRows(PGresult* res, const QStringList& dateCol
     return result;
 }
 
+namespace {
+
+// A row of a result in text format, which is how this connection reads every result.
+class PostgresRowCursor final : public RowCursor {
+public:
+    PostgresRowCursor(PGresult* res, const QVector<Oid>& types) : res_(res), types_(types) {}
+
+    void SetRow(int row) { row_ = row; }
+    int ColumnCount() const override { return types_.size(); }
+    bool IsNull(int c) const override {
+        return c < 0 || c >= types_.size() || PQgetisnull(res_, row_, c);
+    }
+    qint64 Int64(int c) const override {
+        if (IsNull(c))
+            return 0;
+        switch (types_[c]) {
+        case kInt2:
+        case kInt4:
+        case kInt8:
+        case kOid:
+            return bytes(c).toLongLong();
+        default:
+            return qint64(cell(c).toDouble());
+        }
+    }
+    double Double(int c) const override { return IsNull(c) ? 0.0 : cell(c).toDouble(); }
+    QDate Date(int c) const override {
+        if (IsNull(c))
+            return QDate();
+        return IsoDate(PQgetvalue(res_, row_, c), PQgetlength(res_, row_, c));
+    }
+
+protected:
+    bool TextBytes(int c, const char** data, int* size) const override {
+        if (IsNull(c) || !isText(types_[c]))
+            return false;
+        *data = PQgetvalue(res_, row_, c);
+        *size = PQgetlength(res_, row_, c);
+        return true;
+    }
+    QString OtherText(int c) const override { return IsNull(c) ? QString() : cell(c).toString(); }
+
+private:
+    static bool isText(Oid type) {
+        switch (type) {
+        case kBool:
+        case kInt2:
+        case kInt4:
+        case kInt8:
+        case kOid:
+        case kFloat4:
+        case kFloat8:
+        case kNumeric:
+        case kDate:
+        case kTimestamp:
+        case kTimestampTz:
+            return false;
+        default:
+            return true;
+        }
+    }
+    QByteArray bytes(int c) const {
+        return QByteArray::fromRawData(PQgetvalue(res_, row_, c), PQgetlength(res_, row_, c));
+    }
+    Value cell(int c) const {
+        return ReadCell(types_[c], PQgetvalue(res_, row_, c), PQgetlength(res_, row_, c));
+    }
+
+    PGresult* res_;
+    const QVector<Oid>& types_;
+    int row_ = 0;
+};
+
+} // namespace
+
+ResultRecord PostgresDatabase::QueryEach(const QString& sql, const ValueArray& params,
+                                         const RowVisitor& visit) {
+    QString error;
+    PGresult* res = Run(sql, params, &error);
+    if (!res)
+        return ResultRecord::Failure(codes::Failed, messages::StatementFailed(error));
+    QVector<Oid> types(PQnfields(res));
+    for (int c = 0; c < types.size(); ++c)
+        types[c] = PQftype(res, c);
+    PostgresRowCursor cursor(res, types);
+    const int rows = PQntuples(res);
+    for (int r = 0; r < rows; ++r) {
+        cursor.SetRow(r);
+        if (!visit(cursor))
+            break;
+    }
+    PQclear(res);
+    return ResultRecord::Success();
+}
+
 ExecResult PostgresDatabase::ExecuteMany(const QString& sql, const QVector<ValueArray>& rows) {
     if (rows.isEmpty())
         return ExecResult();

@@ -32,6 +32,8 @@ public:
     ExecResult ExecuteMany(const QString& sql, const QVector<ValueArray>& rows) override;
     QueryResult Query(const QString& sql, const ValueArray& params = {},
                       const QStringList& dateColumns = {}) override;
+    ResultRecord QueryEach(const QString& sql, const ValueArray& params,
+                           const RowVisitor& visit) override;
 
     IdResult NextId(const QString& sequence = kRecordSequence) override;
     IdsResult NextIds(const QString& sequence, int count) override;

@@ -5,7 +5,8 @@
 // text, which is what makes batches of inserts fast; the statements that open and close
 // transactions and savepoints are cached the same way. Temporary storage (the journal
 // that lets one statement or savepoint be undone) is kept in memory, and the page cache
-// holds 32 MiB, so that a large save does not write its pages twice.
+// holds 32 MiB, so that a large save does not write its pages twice. The file is read
+// through a memory map of up to 1 GiB.
 //
 // Before anything is written, a file is checked: it must exist (unless a book is being
 // created), be writable together with its folder (the log lives beside it; a file or
@@ -33,6 +34,8 @@ public:
     ExecResult ExecuteMany(const QString& sql, const QVector<ValueArray>& rows) override;
     QueryResult Query(const QString& sql, const ValueArray& params = {},
                       const QStringList& dateColumns = {}) override;
+    ResultRecord QueryEach(const QString& sql, const ValueArray& params,
+                           const RowVisitor& visit) override;
 
     IdResult NextId(const QString& sequence = kRecordSequence) override;
     IdsResult NextIds(const QString& sequence, int count) override;
