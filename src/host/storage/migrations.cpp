@@ -9,6 +9,7 @@
 #include "host/storage/groups_schema.h"
 #include "host/storage/open_items_schema.h"
 #include "host/storage/operations_schema.h"
+#include "host/storage/properties_by_side_schema.h"
 
 namespace orvo::host {
 
@@ -25,6 +26,7 @@ const QVector<Migration>& Migrations() {
         GroupDebtsMigration(),       // 7
         OpenItemsMigration(),        // 8
         CommentTemplatesMigration(), // 9
+        PropertiesBySideMigration(), // 10
     };
     return list;
 }

@@ -442,61 +442,43 @@ QueryResult SqliteDatabase::Query(const QString& sql, const ValueArray& params,
 
 namespace {
 
-// A row of a statement standing on SQLITE_ROW. The storage class is asked before any
-// conversion, since sqlite3_column_text may change what a later column_type reports.
+// A row of a statement standing on SQLITE_ROW. Each read is one or two calls into SQLite,
+// which lets it convert: an integer asked as text gives its decimal text, Null gives no
+// text and 0, a fraction asked as a whole number is cut toward zero.
 class SqliteRowCursor final : public RowCursor {
 public:
     explicit SqliteRowCursor(sqlite3_stmt* stmt)
         : stmt_(stmt), columns_(sqlite3_column_count(stmt)) {}
 
     int ColumnCount() const override { return columns_; }
-    bool IsNull(int c) const override { return type(c) == SQLITE_NULL; }
-    qint64 Int64(int c) const override {
-        switch (type(c)) {
-        case SQLITE_INTEGER:
-            return sqlite3_column_int64(stmt_, c);
-        case SQLITE_NULL:
-            return 0;
-        default:
-            return qint64(sqlite3_column_double(stmt_, c));
-        }
+    bool IsNull(int c) const override {
+        return !inRange(c) || sqlite3_column_type(stmt_, c) == SQLITE_NULL;
     }
+    qint64 Int64(int c) const override { return inRange(c) ? sqlite3_column_int64(stmt_, c) : 0; }
     double Double(int c) const override {
-        return type(c) == SQLITE_NULL ? 0.0 : sqlite3_column_double(stmt_, c);
+        return inRange(c) ? sqlite3_column_double(stmt_, c) : 0.0;
     }
     QDate Date(int c) const override {
-        if (type(c) != SQLITE_TEXT)
-            return QDate();
-        const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(stmt_, c));
-        return IsoDate(bytes, sqlite3_column_bytes(stmt_, c));
+        const char* data = nullptr;
+        int size = 0;
+        return TextBytes(c, &data, &size) ? IsoDate(data, size) : QDate();
     }
 
 protected:
     bool TextBytes(int c, const char** data, int* size) const override {
-        if (type(c) != SQLITE_TEXT)
+        if (!inRange(c))
             return false;
-        *data = reinterpret_cast<const char*>(sqlite3_column_text(stmt_, c));
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt_, c));
+        if (!text)
+            return false;
+        *data = text;
         *size = sqlite3_column_bytes(stmt_, c);
         return true;
     }
-    QString OtherText(int c) const override {
-        switch (type(c)) {
-        case SQLITE_INTEGER:
-            return QString::number(sqlite3_column_int64(stmt_, c));
-        case SQLITE_FLOAT:
-            return Value(sqlite3_column_double(stmt_, c)).toString();
-        case SQLITE_BLOB:
-            return QString::fromUtf8(static_cast<const char*>(sqlite3_column_blob(stmt_, c)),
-                                     sqlite3_column_bytes(stmt_, c));
-        default:
-            return QString();
-        }
-    }
+    QString OtherText(int) const override { return QString(); }
 
 private:
-    int type(int c) const {
-        return c < 0 || c >= columns_ ? SQLITE_NULL : sqlite3_column_type(stmt_, c);
-    }
+    bool inRange(int c) const { return c >= 0 && c < columns_; }
 
     sqlite3_stmt* stmt_;
     int columns_;
