@@ -33,6 +33,28 @@ TEST_P(StorageSchemaTest, NewBookStandsAtTheLatestMigration) {
     EXPECT_EQ(base.Scalar().toString(), QStringLiteral("EUR"));
 }
 
+TEST_P(StorageSchemaTest, AddresseeRowsAreIndexedByEntrySideAndAddresseeOnly) {
+    DatabasePtr db = OpenBook();
+    ASSERT_TRUE(db);
+    // The names of the indexes on BRProperties, in lower case as PostgreSQL keeps them.
+    const QueryResult q =
+        IsPostgres()
+            ? db->Query(QStringLiteral("SELECT indexname FROM pg_indexes WHERE tablename = ? "
+                                       "ORDER BY indexname"),
+                        {Value(QStringLiteral("brproperties"))})
+            : db->Query(QStringLiteral("SELECT lower(name) FROM sqlite_schema WHERE type = "
+                                       "'index' AND tbl_name = ? AND sql IS NOT NULL ORDER BY 1"),
+                        {Value(QStringLiteral("BRProperties"))});
+    ASSERT_TRUE(q.ok()) << q.Text.toStdString();
+    QStringList names;
+    for (const ValueArray& row : q.Rows)
+        names << row.at(0).toString();
+    EXPECT_TRUE(names.contains(QStringLiteral("brpropertiesentryside")))
+        << names.join(u' ').toStdString();
+    EXPECT_FALSE(names.contains(QStringLiteral("brpropertiesentry")))
+        << names.join(u' ').toStdString();
+}
+
 TEST_P(StorageSchemaTest, OpeningTwiceAppliesNothingAgainAndKeepsTheData) {
     {
         DatabasePtr db = OpenBook();
