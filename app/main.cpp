@@ -8,6 +8,7 @@
 // registered form, on a demo object, on the desktop first.
 #include "accounts/account_registration.h"
 #include "accounts/forms/account_forms_registration.h"
+#include "core/process_memory.h"
 #include "core/today.h"
 #include "frame/object_registry.h"
 #include "frame/orvo_object_ui.h"
@@ -120,6 +121,7 @@ bool wantsScreenshot(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    KeepFreedMemoryForReuse();
     const bool screenshot = wantsScreenshot(argc, argv);
     // A picture needs no screen: it is drawn offscreen unless a platform was chosen.
     if (screenshot && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))

@@ -3,6 +3,7 @@
 // objects the desktop uses, and lists the business object's methods. Every refusal is
 // one Lithuanian line on standard error and a non-zero exit status.
 #include "accounts/account_registration.h"
+#include "core/process_memory.h"
 #include "core/today.h"
 #include "host/catalogues/catalogue_editor_navigator.h"
 #include "host/demo/demo_book.h"
@@ -300,6 +301,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    KeepFreedMemoryForReuse();
     const std::unique_ptr<QCoreApplication> app = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orvo"));
     const QStringList args = QCoreApplication::arguments().mid(1);
