@@ -33,26 +33,36 @@ TEST_P(StorageSchemaTest, NewBookStandsAtTheLatestMigration) {
     EXPECT_EQ(base.Scalar().toString(), QStringLiteral("EUR"));
 }
 
-TEST_P(StorageSchemaTest, AddresseeRowsAreIndexedByEntrySideAndAddresseeOnly) {
-    DatabasePtr db = OpenBook();
-    ASSERT_TRUE(db);
-    // The names of the indexes on BRProperties, in lower case as PostgreSQL keeps them.
+// The names of the indexes on a table, in lower case as PostgreSQL keeps them.
+QStringList IndexNames(Database& db, bool postgres, const QString& table) {
     const QueryResult q =
-        IsPostgres()
-            ? db->Query(QStringLiteral("SELECT indexname FROM pg_indexes WHERE tablename = ? "
-                                       "ORDER BY indexname"),
-                        {Value(QStringLiteral("brproperties"))})
-            : db->Query(QStringLiteral("SELECT lower(name) FROM sqlite_schema WHERE type = "
-                                       "'index' AND tbl_name = ? AND sql IS NOT NULL ORDER BY 1"),
-                        {Value(QStringLiteral("BRProperties"))});
-    ASSERT_TRUE(q.ok()) << q.Text.toStdString();
+        postgres
+            ? db.Query(QStringLiteral("SELECT indexname FROM pg_indexes WHERE tablename = ? "
+                                      "ORDER BY indexname"),
+                       {Value(table.toLower())})
+            : db.Query(QStringLiteral("SELECT lower(name) FROM sqlite_schema WHERE type = "
+                                      "'index' AND tbl_name = ? AND sql IS NOT NULL ORDER BY 1"),
+                       {Value(table)});
+    EXPECT_TRUE(q.ok()) << q.Text.toStdString();
     QStringList names;
     for (const ValueArray& row : q.Rows)
         names << row.at(0).toString();
-    EXPECT_TRUE(names.contains(QStringLiteral("brpropertiesentryside")))
-        << names.join(u' ').toStdString();
-    EXPECT_FALSE(names.contains(QStringLiteral("brpropertiesentry")))
-        << names.join(u' ').toStdString();
+    return names;
+}
+
+TEST_P(StorageSchemaTest, DebtListsReadWiderIndexesInPlaceOfTheNarrowerOnes) {
+    DatabasePtr db = OpenBook();
+    ASSERT_TRUE(db);
+    const QStringList properties = IndexNames(*db, IsPostgres(), QStringLiteral("BRProperties"));
+    EXPECT_TRUE(properties.contains(QStringLiteral("brpropertiesentryside")))
+        << properties.join(u' ').toStdString();
+    EXPECT_FALSE(properties.contains(QStringLiteral("brpropertiesentry")))
+        << properties.join(u' ').toStdString();
+    const QStringList openItems = IndexNames(*db, IsPostgres(), QStringLiteral("BROpenItems"));
+    EXPECT_TRUE(openItems.contains(QStringLiteral("bropenitemsopen")))
+        << openItems.join(u' ').toStdString();
+    EXPECT_FALSE(openItems.contains(QStringLiteral("bropenitemsaccount")))
+        << openItems.join(u' ').toStdString();
 }
 
 TEST_P(StorageSchemaTest, OpeningTwiceAppliesNothingAgainAndKeepsTheData) {

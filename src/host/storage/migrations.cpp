@@ -5,11 +5,11 @@
 #include "host/storage/accounts_schema.h"
 #include "host/storage/catalogue_schema.h"
 #include "host/storage/comment_templates_schema.h"
+#include "host/storage/debt_indexes_schema.h"
 #include "host/storage/group_debts_schema.h"
 #include "host/storage/groups_schema.h"
 #include "host/storage/open_items_schema.h"
 #include "host/storage/operations_schema.h"
-#include "host/storage/properties_by_side_schema.h"
 
 namespace orvo::host {
 
@@ -26,7 +26,7 @@ const QVector<Migration>& Migrations() {
         GroupDebtsMigration(),       // 7
         OpenItemsMigration(),        // 8
         CommentTemplatesMigration(), // 9
-        PropertiesBySideMigration(), // 10
+        DebtIndexesMigration(),      // 10
     };
     return list;
 }
