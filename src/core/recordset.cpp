@@ -197,9 +197,34 @@ RowStatus Recordset::Status() const {
     return r < 0 ? RowStatus::Unchanged : rows_.at(r).status;
 }
 
+bool Recordset::fitsAsIs(int field, const Value& value) const {
+    const FieldDef& def = fields_.at(field);
+    switch (value.kind()) {
+    case Value::Kind::Null:
+        return def.type != FieldType::Chapter;
+    case Value::Kind::Text:
+        return IsTextType(def.type) &&
+               (def.definedSize <= 0 || value.toString().size() <= def.definedSize);
+    case Value::Kind::Double: {
+        const double d = value.toDouble();
+        return def.type == FieldType::Double && std::isfinite(d);
+    }
+    case Value::Kind::Date:
+        return IsDateType(def.type);
+    case Value::Kind::Int16:
+        return def.type == FieldType::SmallInt;
+    case Value::Kind::Int32:
+        return def.type == FieldType::Integer;
+    case Value::Kind::Bool:
+        return def.type == FieldType::Boolean;
+    default:
+        return false;
+    }
+}
+
 Value Recordset::coerce(int field, const Value& value, bool* ok) const {
     *ok = true;
-    if (value.isNull())
+    if (value.isNull() || fitsAsIs(field, value))
         return value;
     const FieldDef& def = fields_.at(field);
     const FieldType type = def.type;
@@ -308,6 +333,8 @@ bool Recordset::AppendStored(ValueArray values) {
             values[i] = Value(Create(f.children ? *f.children : FieldDefs{}));
             continue;
         }
+        if (fitsAsIs(i, values.at(i)))
+            continue;
         bool ok = false;
         Value fitted = coerce(i, values.at(i), &ok);
         if (!ok)

@@ -143,6 +143,9 @@ private:
     void restorePosition(qint64 rowId);
     int currentRow() const; // index into rows_, -1 when none
     Value coerce(int field, const Value& value, bool* ok) const;
+    // Whether the value is already what coerce would make of it (the usual case of a row
+    // read from storage), so that it can be kept without a conversion.
+    bool fitsAsIs(int field, const Value& value) const;
 
     FieldDefs fields_;
     QHash<QString, int> fieldIndex_; // exact name -> index; other spellings are scanned

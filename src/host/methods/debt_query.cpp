@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QPair>
 #include <algorithm>
+#include <charconv>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -82,7 +83,15 @@ Cover coverAt(const RowCursor& row) {
 } // namespace
 
 QString DebtQuery::EntryReference(qint64 entryId) {
-    return kEntryKind + QString::number(entryId);
+    // Written in place, in one allocation: a long debt list makes one per row.
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, entryId).ptr;
+    const qsizetype count = end - digits;
+    QString out(kEntryKind.size() + count, Qt::Uninitialized);
+    QChar* at = std::copy(kEntryKind.cbegin(), kEntryKind.cend(), out.data());
+    for (qsizetype i = 0; i < count; ++i)
+        at[i] = QLatin1Char(digits[i]);
+    return out;
 }
 
 QPair<QString, QString> DebtQuery::KindRange(const QString& kind) {
