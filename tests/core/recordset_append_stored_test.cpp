@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace orvo;
 
 namespace {
@@ -103,4 +105,20 @@ TEST(RecordsetAppendStored, StoredRowsTakeTheirPlaceAtTheNextSort) {
     ASSERT_TRUE(rs.SetSort("OIDR").ok());
     rs.MoveFirst();
     EXPECT_EQ(rs.Field("OIDR").toString(), "A");
+}
+
+TEST(RecordsetAppendStored, NumberThatIsNoAmountIsRefusedThoughAlreadyADouble) {
+    Recordset rs(DebtFields());
+    EXPECT_FALSE(rs.AppendStored(Debt("A", std::numeric_limits<double>::infinity())));
+    EXPECT_FALSE(rs.AppendStored(Debt("A", std::numeric_limits<double>::quiet_NaN())));
+    EXPECT_EQ(rs.RowCountAll(), 0);
+}
+
+TEST(RecordsetAppendStored, WholeNumberInASmallIntFieldIsCheckedForItsRange) {
+    Recordset rs(DebtFields());
+    EXPECT_FALSE(rs.AppendStored({"A", Value(QDate(2024, 1, 10)), 1.0, Value(qint32(70000))}));
+    ASSERT_TRUE(rs.AppendStored({"A", Value(QDate(2024, 1, 10)), 1.0, Value(qint32(-1))}));
+    rs.MoveFirst();
+    EXPECT_EQ(rs.Field("InfluenceSign").kind(), Value::Kind::Int16);
+    EXPECT_EQ(rs.Field("InfluenceSign").toInt32(), -1);
 }
