@@ -121,10 +121,45 @@ ResultRecord DebtQuery::FirmAndBranches(Database& db, const QString& addressee, 
 
 ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
                                        QVector<Candidate>& found) {
+    // Every statement below gives the same columns: the entry, its operation, the
+    // addressee, the side's currency row, the kept rests and whether they hold at the date,
+    // the addressee row and the currency row.
+    const auto take = [&](const RowCursor& c) {
+        Candidate candidate;
+        candidate.AddresseeRowId = c.Int64(18);
+        candidate.CurrencyRowId = c.IsNull(19) ? 0 : c.Int64(19);
+        DebtRow& d = candidate.Row;
+        d.EntryId = c.Int64(0);
+        d.OperationId = c.Int64(1);
+        d.DateD = c.Date(2);
+        d.FullCents = c.Int64(3);
+        d.AccountD = c.Text(4);
+        d.AccountC = c.Text(5);
+        const QString info = c.Text(6).trimmed();
+        d.StoredCurrencyRate = c.Double(7);
+        d.Number = c.Text(8);
+        // The entry's own text names the document best; an entry without one shows the
+        // operation's comment.
+        d.Comment = info.isEmpty() ? c.Text(9) : info;
+        d.FOIDR = c.Text(10);
+        d.ShowString = c.Text(11);
+        d.CurrencyCode = codeOf(c.Text(12));
+        d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : c.Int64(13);
+        d.RateCurr = c.Double(14);
+        d.Sign = sign;
+        // Not kept: the whole sums; covered by the date at the latest (or never): the
+        // kept rests; covered also later: counted at the date below.
+        const qint64 covered = c.Int64(17);
+        d.RestCents = covered == 1 ? c.Int64(15) : d.FullCents;
+        d.RestCurrCents = covered == 1 ? c.Int64(16) : d.FullCurrCents;
+        candidate.CountLater = covered == 2;
+        found.append(std::move(candidate));
+        return true;
+    };
     const QPair<QString, QString> refs = KindRange(kEntryKind);
     const QString addressee = s.Addressee.trimmed();
     // SQLite takes the tables in the order written around CROSS JOIN: the addressee's rows
-    // lead for one addressee, the account's debts still open for a whole kind.
+    // lead for one addressee.
     const QString ordered =
         db_.Kind() == Backend::SQLite ? QStringLiteral(" CROSS JOIN ") : QStringLiteral(" JOIN ");
     const QString keptSide = QStringLiteral("k.BRID = b.ID AND k.Sign = ") + QString::number(sign);
@@ -153,15 +188,19 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
             params << Value(w);
         params << Value(s.Account) << Value(s.Date) << Value(s.Date);
     } else if (addressee.size() == 8) {
-        // A whole kind: the account's debts still open, then their addressees of the kind.
+        // A whole kind: the kept list rows of the account's debts still open, one index
+        // range of one table holding every column the list shows.
         const QPair<QString, QString> kind = KindRange(addressee);
-        from = QStringLiteral("BROpenItems k") + ordered + QStringLiteral("BR b ON ") + keptSide +
-               ordered + QStringLiteral("BRProperties p ON p.BRID = b.ID AND ") +
-               sideCondition(QStringLiteral("p"), sign) +
-               QStringLiteral(" AND p.FOIDR >= ? AND p.FOIDR < ?");
-        where << keptOpen;
-        params << Value(kind.first) << Value(kind.second) << Value(s.Account) << Value(s.Date)
-               << Value(s.Date);
+        return db_.QueryEach(
+            QStringLiteral("SELECT BRID, BROperID, DateD, SumA, AccountD, AccountC, Info, "
+                           "CurrencyRate, Number, Comment, FOIDR, ShowString, FCurrencyCode, "
+                           "SumCurr, RateCurr, RestSum, RestSumCurr, CASE WHEN LastCoverDate IS "
+                           "NULL OR LastCoverDate <= ? THEN 1 ELSE 2 END, AddresseeID, CurrencyID "
+                           "FROM BRDebtList WHERE Account = ? AND Sign = ? AND ClosedOn > ? AND "
+                           "DateD <= ? AND FOIDR >= ? AND FOIDR < ?"),
+            {Value(s.Date), Value(s.Account), Value(sign), Value(s.Date), Value(s.Date),
+             Value(kind.first), Value(kind.second)},
+            [&](const RowCursor& c) { return take(c); });
     } else {
         // Any addressee or none: every entry of the account, with the first addressee of the
         // side that is no reference. An entry side without a kept row has no addressee and
@@ -187,42 +226,12 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
                        "b.CurrencyRate%1, o.Number, o.Comment, p.FOIDR, p.ShowString, "
                        "c.FCurrencyCode, c.SumCurr, c.RateCurr, k.RestSum, k.RestSumCurr, "
                        "CASE WHEN k.BRID IS NULL THEN 0 WHEN k.LastCoverDate IS NULL OR "
-                       "k.LastCoverDate <= ? THEN 1 ELSE 2 END, p.ID FROM ")
+                       "k.LastCoverDate <= ? THEN 1 ELSE 2 END, p.ID, c.ID FROM ")
             .arg(sign == 1 ? QLatin1Char('D') : QLatin1Char('C')) +
         from + QStringLiteral(" WHERE ") + where.join(QStringLiteral(" AND "));
     params.prepend(Value(s.Date));
 
-    return db_.QueryEach(full, params, [&](const RowCursor& c) {
-        Candidate candidate;
-        candidate.AddresseeRowId = c.Int64(18);
-        DebtRow& d = candidate.Row;
-        d.EntryId = c.Int64(0);
-        d.OperationId = c.Int64(1);
-        d.DateD = c.Date(2);
-        d.FullCents = c.Int64(3);
-        d.AccountD = c.Text(4);
-        d.AccountC = c.Text(5);
-        const QString info = c.Text(6).trimmed();
-        d.StoredCurrencyRate = c.Double(7);
-        d.Number = c.Text(8);
-        // The entry's own text names the document best; an entry without one shows the
-        // operation's comment.
-        d.Comment = info.isEmpty() ? c.Text(9) : info;
-        d.FOIDR = c.Text(10);
-        d.ShowString = c.Text(11);
-        d.CurrencyCode = codeOf(c.Text(12));
-        d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : c.Int64(13);
-        d.RateCurr = c.Double(14);
-        d.Sign = sign;
-        // Not kept: the whole sums; covered by the date at the latest (or never): the
-        // kept rests; covered also later: counted at the date below.
-        const qint64 covered = c.Int64(17);
-        d.RestCents = covered == 1 ? c.Int64(15) : d.FullCents;
-        d.RestCurrCents = covered == 1 ? c.Int64(16) : d.FullCurrCents;
-        candidate.CountLater = covered == 2;
-        found.append(std::move(candidate));
-        return true;
-    });
+    return db_.QueryEach(full, params, [&](const RowCursor& c) { return take(c); });
 }
 
 ResultRecord DebtQuery::applyCovers(const DebtSelection& s, QVector<DebtRow>& rows,
@@ -300,24 +309,26 @@ DebtList DebtQuery::Open(const DebtSelection& s) {
     // By date and entry, the debit debt of an entry before its credit debt; sorted here
     // rather than by the database, which does it slower with every column in tow. Compact
     // keys are sorted and each row moved once, since a row is large. An entry named by two
-    // addressees of the kind on one side comes twice, side by side: it is one debt, under
-    // the first addressee.
+    // addressees of the kind on one side, or with two currency rows on it, comes twice, side
+    // by side: it is one debt, under the first addressee and in the first currency row.
     struct Key {
         qint64 Day;
         qint64 Entry;
         int Side;
         qint64 Addressee;
+        qint64 Currency;
         int At;
         bool operator<(const Key& o) const {
-            return std::tie(Day, Entry, Side, Addressee) <
-                   std::tie(o.Day, o.Entry, o.Side, o.Addressee);
+            return std::tie(Day, Entry, Side, Addressee, Currency) <
+                   std::tie(o.Day, o.Entry, o.Side, o.Addressee, o.Currency);
         }
     };
     std::vector<Key> keys;
     keys.reserve(found.size());
     for (int i = 0; i < found.size(); ++i) {
         const DebtRow& d = found.at(i).Row;
-        keys.push_back({d.DateD.toJulianDay(), d.EntryId, -d.Sign, found.at(i).AddresseeRowId, i});
+        keys.push_back({d.DateD.toJulianDay(), d.EntryId, -d.Sign, found.at(i).AddresseeRowId,
+                        found.at(i).CurrencyRowId, i});
     }
     std::sort(keys.begin(), keys.end());
     QVector<int> uncounted;

@@ -22,7 +22,9 @@
 // covers and the day from which it stays closed (BROpenItems, see open_items_schema.h), so
 // a list of one addressee or of a whole kind reads only the debts not closed by the date
 // and takes their kept rests; only a debt covered again after the date has its rests
-// counted from the referring entries.
+// counted from the referring entries. A whole kind reads the kept list rows (BRDebtList,
+// see debt_list_schema.h), which hold every column a list shows. A side with two currency
+// rows is in the currency of the first, as its kept rests are.
 #pragma once
 
 #include "core/results.h"
@@ -110,8 +112,10 @@ private:
     // A debt as read, before an entry named by two addressees of the kind becomes one debt.
     struct Candidate {
         DebtRow Row;
-        // The addressee row that names it; of two, the first is kept.
+        // The addressee row that names it and the side's currency row; of two, the first
+        // is kept.
         qint64 AddresseeRowId = 0;
+        qint64 CurrencyRowId = 0;
         // Its kept rests do not hold at the date (something refers to it later): it carries
         // its whole sums, and its rests are counted from the covers.
         bool CountLater = false;

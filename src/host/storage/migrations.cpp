@@ -6,6 +6,7 @@
 #include "host/storage/catalogue_schema.h"
 #include "host/storage/comment_templates_schema.h"
 #include "host/storage/debt_indexes_schema.h"
+#include "host/storage/debt_list_schema.h"
 #include "host/storage/group_debts_schema.h"
 #include "host/storage/groups_schema.h"
 #include "host/storage/open_items_schema.h"
@@ -27,6 +28,7 @@ const QVector<Migration>& Migrations() {
         OpenItemsMigration(),        // 8
         CommentTemplatesMigration(), // 9
         DebtIndexesMigration(),      // 10
+        DebtListMigration(),         // 11
     };
     return list;
 }
