@@ -25,7 +25,9 @@
 #include <QDate>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 using namespace orvo;
 using namespace orvo::host;
@@ -201,6 +203,18 @@ template <typename Text> void RunCalls(benchmark::State& state, const QString& m
     state.counters["rows"] = double(rows) / double(state.iterations());
 }
 
+// The long lists are run five times five calls and reported by their mean, median, spread
+// and fastest run: on a shared machine one run can take a third longer than the next.
+void Repeated(benchmark::internal::Benchmark* b) {
+    b->Unit(benchmark::kMillisecond)
+        ->Iterations(5)
+        ->Repetitions(5)
+        ->ReportAggregatesOnly(true)
+        ->ComputeStatistics("min", [](const std::vector<double>& v) {
+            return *std::min_element(v.begin(), v.end());
+        });
+}
+
 QString debtsText(const QString& account, const QString& addressee, int sign,
                   const QDate& date = kAsked) {
     return QStringLiteral("'0','%1','%2','%3',%4")
@@ -224,7 +238,7 @@ void BM_DebtsOfAllCustomers(benchmark::State& state) {
     RunCalls(state, QStringLiteral("GetDebts2"),
              [](int) { return debtsText(QStringLiteral("2410"), QStringLiteral("O0000100"), 1); });
 }
-BENCHMARK(BM_DebtsOfAllCustomers)->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_DebtsOfAllCustomers)->Apply(Repeated);
 
 void BM_DebtsOfAllCustomersMidway(benchmark::State& state) {
     RunCalls(state, QStringLiteral("GetDebts2"), [](int) {
@@ -232,7 +246,7 @@ void BM_DebtsOfAllCustomersMidway(benchmark::State& state) {
                          QDate(2023, 12, 31));
     });
 }
-BENCHMARK(BM_DebtsOfAllCustomersMidway)->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_DebtsOfAllCustomersMidway)->Apply(Repeated);
 
 void BM_AccountTotal(benchmark::State& state) {
     RunCalls(state, QStringLiteral("GetAccountTotal"),

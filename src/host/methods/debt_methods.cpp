@@ -69,12 +69,30 @@ double quotedRate(const DebtRow& d, const QString& baseCurrency) {
 
 RecordsetPtr debtRecordset(const QVector<DebtRow>& rows, const QString& baseCurrency) {
     RecordsetPtr rs = Recordset::Create(debtFields());
+    const int fields = rs->FieldCount();
     for (const DebtRow& d : rows) {
-        rs->AppendStored({DebtQuery::EntryReference(d.EntryId), Value(d.DateD), d.Number, d.Comment,
-                          d.FOIDR, d.AccountD, d.AccountC, Money::FromCents(d.FullCents),
-                          Money::FromCents(d.FullCurrCents), Money::FromCents(d.RestCents),
-                          Money::FromCents(d.RestCurrCents), d.CurrencyCode, d.RateCurr,
-                          quotedRate(d, baseCurrency), 0.0, 0.0, Value(qint16(d.Sign))});
+        // Built in place: a braced list would copy every value once more, and a long list
+        // has a hundred thousand rows.
+        ValueArray v;
+        v.reserve(fields);
+        v.emplaceBack(DebtQuery::EntryReference(d.EntryId));
+        v.emplaceBack(d.DateD);
+        v.emplaceBack(d.Number);
+        v.emplaceBack(d.Comment);
+        v.emplaceBack(d.FOIDR);
+        v.emplaceBack(d.AccountD);
+        v.emplaceBack(d.AccountC);
+        v.emplaceBack(Money::FromCents(d.FullCents));
+        v.emplaceBack(Money::FromCents(d.FullCurrCents));
+        v.emplaceBack(Money::FromCents(d.RestCents));
+        v.emplaceBack(Money::FromCents(d.RestCurrCents));
+        v.emplaceBack(d.CurrencyCode);
+        v.emplaceBack(d.RateCurr);
+        v.emplaceBack(quotedRate(d, baseCurrency));
+        v.emplaceBack(0.0);
+        v.emplaceBack(0.0);
+        v.emplaceBack(qint16(d.Sign));
+        rs->AppendStored(std::move(v));
     }
     rs->MoveFirst();
     return rs;

@@ -125,7 +125,7 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
     // addressee, the side's currency row, the kept rests and whether they hold at the date,
     // the addressee row and the currency row.
     const auto take = [&](const RowCursor& c) {
-        Candidate candidate;
+        Candidate& candidate = found.emplaceBack();
         candidate.AddresseeRowId = c.Int64(18);
         candidate.CurrencyRowId = c.IsNull(19) ? 0 : c.Int64(19);
         DebtRow& d = candidate.Row;
@@ -153,7 +153,6 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
         d.RestCents = covered == 1 ? c.Int64(15) : d.FullCents;
         d.RestCurrCents = covered == 1 ? c.Int64(16) : d.FullCurrCents;
         candidate.CountLater = covered == 2;
-        found.append(std::move(candidate));
         return true;
     };
     const QPair<QString, QString> refs = KindRange(kEntryKind);
@@ -330,7 +329,9 @@ DebtList DebtQuery::Open(const DebtSelection& s) {
         keys.push_back({d.DateD.toJulianDay(), d.EntryId, -d.Sign, found.at(i).AddresseeRowId,
                         found.at(i).CurrencyRowId, i});
     }
-    std::sort(keys.begin(), keys.end());
+    // The kept list rows of debts that all stay open come in this order already.
+    if (!std::is_sorted(keys.cbegin(), keys.cend()))
+        std::sort(keys.begin(), keys.end());
     QVector<int> uncounted;
     out.Rows.reserve(found.size());
     for (const Key& k : keys) {

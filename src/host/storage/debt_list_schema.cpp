@@ -38,12 +38,13 @@ TableDef BRDebtList() {
 }
 
 // The rows of the debts still open at a date are one range of this index, as in the open
-// items.
+// items; within it they come by date, entry and addressee, the order of a list, so a list
+// of debts that all stay open need not be sorted again.
 IndexDef byAccount() {
     return {QStringLiteral("BRDebtListOpen"),
             QStringLiteral("BRDebtList"),
             {QStringLiteral("Account"), QStringLiteral("Sign"), QStringLiteral("ClosedOn"),
-             QStringLiteral("DateD")},
+             QStringLiteral("DateD"), QStringLiteral("BRID"), QStringLiteral("AddresseeID")},
             false,
             {}};
 }

@@ -9,7 +9,8 @@
 //               the side (CurrencyRateD or CurrencyRateC as CurrencyRate); the operation's
 //               Number and Comment; the addressee's FOIDR and ShowString; the side's first
 //               currency row (CurrencyID, FCurrencyCode, SumCurr, RateCurr; Null without
-//               one). Indexed by Account, Sign, ClosedOn and DateD like the open items.
+//               one). Indexed by Account, Sign, ClosedOn like the open items, and then by
+//               DateD, BRID and AddresseeID, the order of a list.
 //
 // The rows of a debt side are made again whenever its open item is (triggers on
 // BROpenItems, whose own triggers follow every change of an entry, its addressees,

@@ -4,6 +4,28 @@
 
 namespace orvo::host {
 
+namespace {
+
+// Whether UTF-8 bytes spell a text. UTF-8 takes at least as many bytes as UTF-16 takes
+// units, and as many only for plain ASCII, which is compared here byte by byte: that is
+// most of a ledger's texts (accounts, numbers, codes), and the general comparison costs
+// several times more.
+bool spells(const char* data, int size, const QString& text) {
+    if (size < text.size())
+        return false;
+    if (size > text.size())
+        return QAnyStringView::equal(QUtf8StringView(data, size), text);
+    const QChar* units = text.constData();
+    for (int i = 0; i < size; ++i) {
+        const auto byte = static_cast<unsigned char>(data[i]);
+        if (byte >= 0x80 || units[i].unicode() != byte)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 QString RowCursor::Text(int column) const {
     const char* data = nullptr;
     int size = 0;
@@ -14,8 +36,7 @@ QString RowCursor::Text(int column) const {
     if (column >= last_.size())
         last_.resize(column + 1);
     QString& last = last_[column];
-    // UTF-8 takes at least as many bytes as UTF-16 takes units, so a shorter text differs.
-    if (size >= last.size() && QAnyStringView::equal(QUtf8StringView(data, size), last))
+    if (spells(data, size, last))
         return last;
     last = QString::fromUtf8(data, size);
     return last;
