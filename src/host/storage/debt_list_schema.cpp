@@ -1,6 +1,7 @@
 #include "host/storage/debt_list_schema.h"
 
 #include "host/storage/database.h"
+#include "host/storage/trigger_sql.h"
 
 namespace orvo::host {
 
@@ -54,11 +55,6 @@ const QString kColumns = QStringLiteral(
     "Info, CurrencyRate, Number, Comment, FOIDR, ShowString, CurrencyID, FCurrencyCode, SumCurr, "
     "RateCurr, RestSum, RestSumCurr, LastCoverDate");
 
-// The side of a currency or addressee row: 1 debit, -1 any other sign.
-QString side(const char* alias) {
-    return QStringLiteral("(CASE WHEN %1.Sign = 1 THEN 1 ELSE -1 END)").arg(QLatin1String(alias));
-}
-
 // The list rows of the open items `k` that satisfy `kept`, made from the open items and
 // the entries themselves: the one formula behind the fill and every trigger.
 QString insertRows(const QString& kept) {
@@ -70,11 +66,11 @@ QString insertRows(const QString& kept) {
                           "c.RateCurr, k.RestSum, k.RestSumCurr, k.LastCoverDate FROM "
                           "BROpenItems k JOIN BR b ON b.ID = k.BRID JOIN BROpers o ON o.ID = "
                           "b.BROperID JOIN BRProperties p ON p.BRID = k.BRID AND ") +
-           side("p") +
+           EntrySideSql("p") +
            QStringLiteral(" = k.Sign AND NOT (p.FOIDR >= 'O0201500' AND p.FOIDR < 'O0201501') "
                           "LEFT JOIN BRCurrency c ON c.ID = (SELECT y.ID FROM BRCurrency y "
                           "WHERE y.BRID = k.BRID AND ") +
-           side("y") +
+           EntrySideSql("y") +
            QStringLiteral(" = k.Sign ORDER BY y.ID LIMIT 1) WHERE k.DateD IS NOT NULL AND (") +
            kept + QLatin1Char(')');
 }
@@ -114,37 +110,30 @@ const QString kMakeNew = insertRows(QStringLiteral("k.BRID = NEW.BRID AND k.Sign
 
 // ---- SQLite ------------------------------------------------------------------------
 
-QString sqliteTrigger(const QString& name, const QString& event, const QString& when,
-                      const QString& body) {
-    return QStringLiteral("CREATE TRIGGER ") + name + QLatin1Char(' ') + event +
-           (when.isEmpty() ? QString() : QStringLiteral(" WHEN ") + when) +
-           QStringLiteral(" BEGIN ") + body + QStringLiteral(" END");
-}
-
 QStringList sqliteTriggers() {
     const QString distinct = QStringLiteral("IS NOT");
     return {
-        sqliteTrigger(QStringLiteral("BRDebtListKeptInsert"),
-                      QStringLiteral("AFTER INSERT ON BROpenItems"), {},
-                      kMakeNew + QLatin1Char(';')),
-        sqliteTrigger(QStringLiteral("BRDebtListKeptDelete"),
-                      QStringLiteral("AFTER DELETE ON BROpenItems"), {}, kForgetOld),
-        sqliteTrigger(QStringLiteral("BRDebtListKeptUpdate"),
-                      QStringLiteral("AFTER UPDATE ON BROpenItems"), {},
-                      kForgetOld + QLatin1Char(' ') + kMakeNew + QLatin1Char(';')),
-        sqliteTrigger(QStringLiteral("BRDebtListEntryUpdate"),
-                      QStringLiteral("AFTER UPDATE OF ") +
-                          kEntryColumns.join(QStringLiteral(", ")) + QStringLiteral(" ON BR"),
-                      changed(kEntryColumns, distinct), remakeEntry("NEW.ID")),
-        sqliteTrigger(QStringLiteral("BRDebtListOperationUpdate"),
-                      QStringLiteral("AFTER UPDATE OF Number, Comment ON BROpers"),
-                      changed(kOperationColumns, distinct), kSetOperation),
-        sqliteTrigger(QStringLiteral("BRDebtListPropertyUpdate"),
-                      QStringLiteral("AFTER UPDATE OF ShowString ON BRProperties"),
-                      changed({QStringLiteral("ShowString")}, distinct), kSetShown),
-        sqliteTrigger(QStringLiteral("BRDebtListCurrencyUpdate"),
-                      QStringLiteral("AFTER UPDATE OF RateCurr ON BRCurrency"),
-                      changed({QStringLiteral("RateCurr")}, distinct), kSetRate),
+        SqliteTriggerSql(QStringLiteral("BRDebtListKeptInsert"),
+                         QStringLiteral("AFTER INSERT ON BROpenItems"), {},
+                         kMakeNew + QLatin1Char(';')),
+        SqliteTriggerSql(QStringLiteral("BRDebtListKeptDelete"),
+                         QStringLiteral("AFTER DELETE ON BROpenItems"), {}, kForgetOld),
+        SqliteTriggerSql(QStringLiteral("BRDebtListKeptUpdate"),
+                         QStringLiteral("AFTER UPDATE ON BROpenItems"), {},
+                         kForgetOld + QLatin1Char(' ') + kMakeNew + QLatin1Char(';')),
+        SqliteTriggerSql(QStringLiteral("BRDebtListEntryUpdate"),
+                         QStringLiteral("AFTER UPDATE OF ") +
+                             kEntryColumns.join(QStringLiteral(", ")) + QStringLiteral(" ON BR"),
+                         changed(kEntryColumns, distinct), remakeEntry("NEW.ID")),
+        SqliteTriggerSql(QStringLiteral("BRDebtListOperationUpdate"),
+                         QStringLiteral("AFTER UPDATE OF Number, Comment ON BROpers"),
+                         changed(kOperationColumns, distinct), kSetOperation),
+        SqliteTriggerSql(QStringLiteral("BRDebtListPropertyUpdate"),
+                         QStringLiteral("AFTER UPDATE OF ShowString ON BRProperties"),
+                         changed({QStringLiteral("ShowString")}, distinct), kSetShown),
+        SqliteTriggerSql(QStringLiteral("BRDebtListCurrencyUpdate"),
+                         QStringLiteral("AFTER UPDATE OF RateCurr ON BRCurrency"),
+                         changed({QStringLiteral("RateCurr")}, distinct), kSetRate),
     };
 }
 

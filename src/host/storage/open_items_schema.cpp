@@ -1,6 +1,7 @@
 #include "host/storage/open_items_schema.h"
 
 #include "host/storage/database.h"
+#include "host/storage/trigger_sql.h"
 
 namespace orvo::host {
 
@@ -31,11 +32,6 @@ IndexDef byAccount() {
             {}};
 }
 
-// The side of a currency, addressee or reference row: 1 debit, -1 any other sign.
-QString side(const char* alias) {
-    return QStringLiteral("(CASE WHEN %1.Sign = 1 THEN 1 ELSE -1 END)").arg(QLatin1String(alias));
-}
-
 const QString kColumns =
     QStringLiteral("BRID, Sign, Account, DateD, RestSum, RestSumCurr, LastCoverDate, ClosedOn");
 
@@ -44,13 +40,14 @@ const QString kColumns =
 QString keptRows(const QString& entries) {
     const QString account =
         QStringLiteral("(CASE WHEN s.Sign = 1 THEN b.AccountD ELSE b.AccountC END)");
-    const QString onSide =
-        QStringLiteral(" WHERE x.BRID = b.ID AND ") + side("x") + QStringLiteral(" = s.Sign AND ");
+    const QString onSide = QStringLiteral(" WHERE x.BRID = b.ID AND ") + EntrySideSql("x") +
+                           QStringLiteral(" = s.Sign AND ");
     const QString reference = QStringLiteral("x.FOIDR >= 'O0201500' AND x.FOIDR < 'O0201501'");
     // The side's first currency row names the debt's currency and its currency sum.
     const QString firstCurrency = QStringLiteral("(SELECT %1 FROM BRCurrency y WHERE y.BRID = "
                                                  "b.ID AND ") +
-                                  side("y") + QStringLiteral(" = s.Sign ORDER BY y.ID LIMIT 1)");
+                                  EntrySideSql("y") +
+                                  QStringLiteral(" = s.Sign ORDER BY y.ID LIMIT 1)");
     const QString debts =
         QStringLiteral("SELECT b.ID AS BRID, s.Sign AS Sign, ") + account +
         QStringLiteral(" AS Account, b.DateD AS DateD, b.SumA AS FullSum, "
@@ -68,8 +65,8 @@ QString keptRows(const QString& entries) {
         QLatin1Char(')');
     // A referring entry reduces the rest from the side opposite to the debt and adds to it
     // from the same side; its currency sum counts only in the debt's own currency.
-    const QString direction =
-        QStringLiteral("CASE WHEN ") + side("r") + QStringLiteral(" = d.Sign THEN %1 ELSE -%1 END");
+    const QString direction = QStringLiteral("CASE WHEN ") + EntrySideSql("r") +
+                              QStringLiteral(" = d.Sign THEN %1 ELSE -%1 END");
     const QString covered =
         QStringLiteral("SELECT d.BRID, d.Sign, d.Account, d.DateD, d.FullSum + COALESCE(SUM(") +
         direction.arg(QStringLiteral("c.SumA")) +
@@ -81,7 +78,7 @@ QString keptRows(const QString& entries) {
                        "LEFT JOIN BR c ON c.ID = r.BRID AND c.ID <> d.BRID AND c.DateD IS NOT "
                        "NULL AND (CASE WHEN r.Sign = 1 THEN c.AccountD ELSE c.AccountC END) = "
                        "d.Account LEFT JOIN BRCurrency k ON k.BRID = c.ID AND ") +
-        side("k") + QStringLiteral(" = ") + side("r") +
+        EntrySideSql("k") + QStringLiteral(" = ") + EntrySideSql("r") +
         QStringLiteral(" GROUP BY d.BRID, d.Sign, d.Account, d.DateD, d.FullSum, d.FullCurr, "
                        "d.Code, d.Addressed HAVING d.Addressed = 1 OR COUNT(c.ID) > 0");
     return QStringLiteral("SELECT t.BRID, t.Sign, t.Account, t.DateD, t.RestSum, t.RestSumCurr, "
@@ -132,11 +129,9 @@ QString sqliteEntryAndTargets(const QStringList& entries) {
     return parts.join(QStringLiteral(" UNION "));
 }
 
-QString sqliteTrigger(const QString& name, const QString& event, const QString& when,
-                      const QString& ids) {
-    return QStringLiteral("CREATE TRIGGER ") + name + QLatin1Char(' ') + event +
-           (when.isEmpty() ? QString() : QStringLiteral(" WHEN ") + when) +
-           QStringLiteral(" BEGIN ") + sqliteRecount(ids) + QStringLiteral(" END");
+// A trigger that counts again the entries of the subquery `ids`.
+QString sqliteTrigger(const QString& name, const QString& event, const QString& ids) {
+    return SqliteTriggerSql(name, event, {}, sqliteRecount(ids));
 }
 
 QStringList sqliteTriggers() {
@@ -148,31 +143,30 @@ QStringList sqliteTriggers() {
                            QStringLiteral(" WHERE ") + sqliteIsReference("OLD");
     return {
         sqliteTrigger(QStringLiteral("BROpenItemsEntryInsert"),
-                      QStringLiteral("AFTER INSERT ON BR"), {},
+                      QStringLiteral("AFTER INSERT ON BR"),
                       sqliteEntryAndTargets({QStringLiteral("NEW.ID")})),
         sqliteTrigger(QStringLiteral("BROpenItemsEntryDelete"),
-                      QStringLiteral("AFTER DELETE ON BR"), {},
+                      QStringLiteral("AFTER DELETE ON BR"),
                       sqliteEntryAndTargets({QStringLiteral("OLD.ID")})),
         sqliteTrigger(QStringLiteral("BROpenItemsEntryUpdate"),
                       QStringLiteral("AFTER UPDATE OF ID, AccountD, AccountC, DateD, SumA ON BR"),
-                      {},
                       sqliteEntryAndTargets({QStringLiteral("OLD.ID"), QStringLiteral("NEW.ID")})),
         sqliteTrigger(QStringLiteral("BROpenItemsPropertyInsert"),
-                      QStringLiteral("AFTER INSERT ON BRProperties"), {}, newRow),
+                      QStringLiteral("AFTER INSERT ON BRProperties"), newRow),
         sqliteTrigger(QStringLiteral("BROpenItemsPropertyDelete"),
-                      QStringLiteral("AFTER DELETE ON BRProperties"), {}, oldRow),
+                      QStringLiteral("AFTER DELETE ON BRProperties"), oldRow),
         sqliteTrigger(QStringLiteral("BROpenItemsPropertyUpdate"),
-                      QStringLiteral("AFTER UPDATE OF BRID, Sign, FOIDR ON BRProperties"), {},
+                      QStringLiteral("AFTER UPDATE OF BRID, Sign, FOIDR ON BRProperties"),
                       newRow + QStringLiteral(" UNION ") + oldRow),
         sqliteTrigger(QStringLiteral("BROpenItemsCurrencyInsert"),
-                      QStringLiteral("AFTER INSERT ON BRCurrency"), {},
+                      QStringLiteral("AFTER INSERT ON BRCurrency"),
                       sqliteEntryAndTargets({QStringLiteral("NEW.BRID")})),
         sqliteTrigger(QStringLiteral("BROpenItemsCurrencyDelete"),
-                      QStringLiteral("AFTER DELETE ON BRCurrency"), {},
+                      QStringLiteral("AFTER DELETE ON BRCurrency"),
                       sqliteEntryAndTargets({QStringLiteral("OLD.BRID")})),
         sqliteTrigger(
             QStringLiteral("BROpenItemsCurrencyUpdate"),
-            QStringLiteral("AFTER UPDATE OF BRID, Sign, SumCurr, FCurrencyCode ON BRCurrency"), {},
+            QStringLiteral("AFTER UPDATE OF BRID, Sign, SumCurr, FCurrencyCode ON BRCurrency"),
             sqliteEntryAndTargets({QStringLiteral("OLD.BRID"), QStringLiteral("NEW.BRID")})),
     };
 }
