@@ -204,7 +204,7 @@ bool Recordset::fitsAsIs(int field, const Value& value) const {
         return def.type != FieldType::Chapter;
     case Value::Kind::Text:
         return IsTextType(def.type) &&
-               (def.definedSize <= 0 || value.toString().size() <= def.definedSize);
+               (def.definedSize <= 0 || value.textView().size() <= def.definedSize);
     case Value::Kind::Double: {
         const double d = value.toDouble();
         return def.type == FieldType::Double && std::isfinite(d);

@@ -10,8 +10,10 @@
 #include <QDate>
 #include <QDateTime>
 #include <QString>
+#include <QStringView>
 #include <QVector>
 #include <memory>
+#include <utility>
 #include <variant>
 
 namespace orvo {
@@ -47,6 +49,7 @@ public:
     Value(qint32 v) : data_(v) {}
     Value(double v) : data_(v) {}
     Value(const QString& v) : data_(v) {}
+    Value(QString&& v) : data_(std::move(v)) {}
     Value(const char* v) : data_(QString::fromUtf8(v)) {}
     Value(const QDate& v);
     Value(const QDateTime& v);
@@ -72,6 +75,12 @@ public:
     // Text of the value: numbers with a dot and no grouping, dates as yyyy-MM-dd,
     // date-times as yyyy-MM-ddThh:mm:ss, booleans as "True"/"False", Null as "".
     QString toString() const;
+    // The text a Text value holds, read in place (no copy, no count of references); empty
+    // for any other kind. Valid while the value lives unchanged.
+    QStringView textView() const {
+        const QString* text = std::get_if<QString>(&data_);
+        return text ? QStringView(*text) : QStringView();
+    }
     QDate toDate(bool* ok = nullptr) const;
     QDateTime toDateTime(bool* ok = nullptr) const;
     const ValueArray& toArray() const;

@@ -1,6 +1,7 @@
 // Rows streamed to a reader (Database::QueryEach) on both backends: every column read in
-// the kind the reader asks for, Null told apart, texts that repeat from row to row and
-// texts that differ only slightly read right, an early stop, and a failing statement.
+// the kind the reader asks for, Null told apart, texts that repeat from row to row, that
+// recur out of order and that differ only slightly read right, an early stop, and a
+// failing statement.
 #include "host/storage/money.h"
 #include "storage_fixture.h"
 
@@ -104,6 +105,32 @@ TEST_P(StorageRowCursorTest, RepeatedAndNearlyEqualTextsReadRight) {
     for (const QString& l : labels)
         Insert({Value(), Value(), Value(l), Value(), Value()});
     EXPECT_EQ(Labels(), labels);
+}
+
+TEST_P(StorageRowCursorTest, RecurringTextsReadRightAndAreMadeOnceEach) {
+    // A customer's code met again after others, letters of two bytes, texts that differ
+    // only at their end, an empty text, a Null and a number.
+    const QStringList labels{"O00001001", "O00001002", "Ūkis",  "O00001001", "Ukis",
+                             "Ūkis",      "",          "Ūkis!", "O00001002", "O00001001"};
+    for (const QString& l : labels)
+        Insert({Value(7), Value(), Value(l), Value(), Value()});
+    Insert({Value(7), Value(), Value(), Value(), Value()});
+    QStringList read;
+    QStringList numbers;
+    const ResultRecord r = db_->QueryEach(
+        QStringLiteral("SELECT Label, Whole FROM Lines ORDER BY ID"), {}, [&](const RowCursor& c) {
+            read << c.RecurringText(0);
+            numbers << c.RecurringText(1);
+            return true;
+        });
+    ASSERT_TRUE(r.ok()) << r.Text.toStdString();
+    EXPECT_EQ(read, labels + QStringList{QString()});
+    EXPECT_EQ(numbers, QStringList(labels.size() + 1, QStringLiteral("7")));
+    // The same text met again is the string made the first time, not a new one.
+    EXPECT_EQ(read.at(0).constData(), read.at(3).constData());
+    EXPECT_EQ(read.at(0).constData(), read.at(9).constData());
+    EXPECT_EQ(read.at(2).constData(), read.at(5).constData());
+    EXPECT_NE(read.at(2).constData(), read.at(4).constData());
 }
 
 TEST_P(StorageRowCursorTest, ParametersNarrowTheRows) {

@@ -67,26 +67,26 @@ double quotedRate(const DebtRow& d, const QString& baseCurrency) {
     return d.RateCurr;
 }
 
-RecordsetPtr debtRecordset(const QVector<DebtRow>& rows, const QString& baseCurrency) {
+// The rows' texts are moved into the recordset: a long list has a hundred thousand rows.
+RecordsetPtr debtRecordset(QVector<DebtRow>&& rows, const QString& baseCurrency) {
     RecordsetPtr rs = Recordset::Create(debtFields());
     const int fields = rs->FieldCount();
-    for (const DebtRow& d : rows) {
-        // Built in place: a braced list would copy every value once more, and a long list
-        // has a hundred thousand rows.
+    for (DebtRow& d : rows) {
+        // Built in place: a braced list would copy every value once more.
         ValueArray v;
         v.reserve(fields);
         v.emplaceBack(DebtQuery::EntryReference(d.EntryId));
         v.emplaceBack(d.DateD);
-        v.emplaceBack(d.Number);
-        v.emplaceBack(d.Comment);
-        v.emplaceBack(d.FOIDR);
-        v.emplaceBack(d.AccountD);
-        v.emplaceBack(d.AccountC);
+        v.emplaceBack(std::move(d.Number));
+        v.emplaceBack(std::move(d.Comment));
+        v.emplaceBack(std::move(d.FOIDR));
+        v.emplaceBack(std::move(d.AccountD));
+        v.emplaceBack(std::move(d.AccountC));
         v.emplaceBack(Money::FromCents(d.FullCents));
         v.emplaceBack(Money::FromCents(d.FullCurrCents));
         v.emplaceBack(Money::FromCents(d.RestCents));
         v.emplaceBack(Money::FromCents(d.RestCurrCents));
-        v.emplaceBack(d.CurrencyCode);
+        v.emplaceBack(std::move(d.CurrencyCode));
         v.emplaceBack(d.RateCurr);
         v.emplaceBack(quotedRate(d, baseCurrency));
         v.emplaceBack(0.0);
@@ -139,10 +139,10 @@ MethodDefinition debtsMethod(const char* name, int forcedSign, const QString& wh
         const int sign = args.Integer(QStringLiteral("Sign"));
         s.Sign = forcedSign != 0 ? forcedSign : (sign > 0 ? 1 : (sign < 0 ? -1 : 0));
         s.WithBranches = args.Integer(QStringLiteral("WithBranches")) == 1;
-        const DebtList list = DebtQuery(*ctx.database).Open(s);
+        DebtList list = DebtQuery(*ctx.database).Open(s);
         if (!list.ok())
             return BOResult::Failure(list.Code, list.Text);
-        return BOResult::Of(Value(debtRecordset(list.Rows, ctx.baseCurrency)));
+        return BOResult::Of(Value(debtRecordset(std::move(list.Rows), ctx.baseCurrency)));
     };
     return m;
 }

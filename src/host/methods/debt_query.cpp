@@ -141,8 +141,9 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
         // The entry's own text names the document best; an entry without one shows the
         // operation's comment.
         d.Comment = info.isEmpty() ? c.Text(9) : info;
-        d.FOIDR = c.Text(10);
-        d.ShowString = c.Text(11);
+        // A kind's list names a few thousand addressees over a hundred thousand rows.
+        d.FOIDR = c.RecurringText(10);
+        d.ShowString = c.RecurringText(11);
         d.CurrencyCode = codeOf(c.Text(12));
         d.FullCurrCents = d.CurrencyCode == kBaseCode ? 0 : c.Int64(13);
         d.RateCurr = c.Double(14);

@@ -1,6 +1,11 @@
 #include "host/storage/row_cursor.h"
 
 #include <QAnyStringView>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace orvo::host {
 
@@ -24,7 +29,40 @@ bool spells(const char* data, int size, const QString& text) {
     return true;
 }
 
+// Hashes the bytes of a text, so that a column's texts can be found by the bytes a row
+// holds without making a key of them.
+struct BytesHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view bytes) const { return std::hash<std::string_view>{}(bytes); }
+};
+
 } // namespace
+
+struct RowCursor::Recurring {
+    std::vector<std::unordered_map<std::string, QString, BytesHash, std::equal_to<>>> byColumn;
+};
+
+RowCursor::RowCursor() = default;
+RowCursor::~RowCursor() = default;
+
+QString RowCursor::RecurringText(int column) const {
+    const char* data = nullptr;
+    int size = 0;
+    if (!TextBytes(column, &data, &size))
+        return OtherText(column);
+    if (size == 0 || column < 0)
+        return QString();
+    if (!recurring_)
+        recurring_ = std::make_unique<Recurring>();
+    if (size_t(column) >= recurring_->byColumn.size())
+        recurring_->byColumn.resize(size_t(column) + 1);
+    auto& made = recurring_->byColumn[size_t(column)];
+    const std::string_view bytes(data, size_t(size));
+    const auto it = made.find(bytes);
+    if (it != made.end())
+        return it->second;
+    return made.emplace(std::string(bytes), QString::fromUtf8(data, size)).first->second;
+}
 
 QString RowCursor::Text(int column) const {
     const char* data = nullptr;

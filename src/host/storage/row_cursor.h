@@ -6,7 +6,9 @@
 //
 // A text that repeats the same column of the row before (an account, a currency code, the
 // name of a customer over the customer's invoices) is handed out as that row's string,
-// shared rather than made again.
+// shared rather than made again. A column whose few texts recur in no order (a customer's
+// code and name in a list by date) is read with RecurringText, which remembers every text
+// of the column it has made.
 //
 // Conversions: Int64 of a stored fraction cuts toward zero; Double of a whole number is
 // that number; Text of a number is its decimal text; Date reads 'YYYY-MM-DD' (how both
@@ -19,18 +21,26 @@
 #include <QString>
 #include <QVector>
 #include <functional>
+#include <memory>
 
 namespace orvo::host {
 
 class RowCursor {
 public:
-    virtual ~RowCursor() = default;
+    RowCursor();
+    virtual ~RowCursor();
+    RowCursor(const RowCursor&) = delete;
+    RowCursor& operator=(const RowCursor&) = delete;
 
     virtual int ColumnCount() const = 0;
     virtual bool IsNull(int column) const = 0;
     virtual qint64 Int64(int column) const = 0;
     virtual double Double(int column) const = 0;
     QString Text(int column) const;
+    // As Text, for a column of few distinct texts: each is made once per read and shared by
+    // every row that holds it. Not for a column of texts that differ row by row (a
+    // document's text), which would only fill the memory.
+    QString RecurringText(int column) const;
     virtual QDate Date(int column) const = 0;
 
     // The date of a 'YYYY-MM-DD' text of `size` bytes; invalid for any other text.
@@ -44,8 +54,12 @@ protected:
     virtual QString OtherText(int column) const = 0;
 
 private:
+    struct Recurring;
+
     // The last text handed out for each column.
     mutable QVector<QString> last_;
+    // The texts RecurringText has made, by column and UTF-8 bytes.
+    mutable std::unique_ptr<Recurring> recurring_;
 };
 
 // Called once per row, in the result's order; returning false ends the read early, which
