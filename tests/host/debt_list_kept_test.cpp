@@ -349,6 +349,30 @@ TEST_P(DebtListKeptTest, ABookThatAlreadyKeepsDebtsGetsItsRowsWhenTheTableIsAdde
     EXPECT_EQ(Listed(), Assembled());
 }
 
+TEST_P(DebtListKeptTest, TheTableMadeAgainInListOrderHoldsTheSameRowsAndIsKeptAfterwards) {
+    const qint64 sale = Invoice(kCustomer, 1210.00, kJan, QStringLiteral("S-1"));
+    Payment(kCustomer, sale, 1000.00, kFeb);
+    DollarInvoiceToTwo(kMar);
+    const QStringList before = Listed();
+    ASSERT_EQ(before.size(), 3);
+
+    const ResultRecord applied = DebtListOrderMigration().Apply(Db());
+    ASSERT_TRUE(applied.ok()) << applied.Text.toStdString();
+    EXPECT_EQ(Listed(), before);
+    // The triggers find the new table by its name.
+    Payment(kCustomer, sale, 210.00, kApr);
+    EXPECT_EQ(Column(sale, 20), QStringList{QStringLiteral("0")});
+    EXPECT_EQ(Listed(), Assembled());
+    // A debt side's row under one addressee row is there once, whatever its closing day.
+    const ExecResult twice = Db().Execute(
+        QStringLiteral("INSERT INTO BRDebtList (BRID, Sign, AddresseeID, Account, ClosedOn, "
+                       "DateD, BROperID, SumA, RestSum, RestSumCurr) SELECT BRID, Sign, "
+                       "AddresseeID, Account, ?, DateD, BROperID, SumA, RestSum, RestSumCurr "
+                       "FROM BRDebtList WHERE BRID = ?"),
+        {Value(kMar), Id(sale)});
+    EXPECT_FALSE(twice.ok());
+}
+
 TEST_P(DebtListKeptTest, AWholeKindListShowsWhatEachAddresseesListShows) {
     const qint64 sale = Invoice(kCustomer, 1210.00, kJan, QStringLiteral("S-1"));
     Payment(kCustomer, sale, 1000.00, kFeb);

@@ -311,6 +311,20 @@ TEST(StorageSchemaDescription, EachDialectGetsItsOwnTypes) {
     EXPECT_NE(pg.indexOf(QStringLiteral("Rate DOUBLE PRECISION")), -1);
 }
 
+TEST(StorageSchemaDescription, AKeyOrderedTableHasNoRowNumberOfItsOwnInSqliteOnly) {
+    TableDef t{QStringLiteral("T"),
+               {Column(QStringLiteral("Account"), ColumnType::Text, true),
+                Column(QStringLiteral("DateD"), ColumnType::Date, true),
+                Column(QStringLiteral("Info"), ColumnType::Text)},
+               {QStringLiteral("Account"), QStringLiteral("DateD")},
+               {}};
+    t.KeyOrdered = true;
+    const QString lite = SchemaDdl::CreateTable(t, Backend::SQLite).constFirst().Sql;
+    EXPECT_TRUE(lite.endsWith(QStringLiteral(") STRICT, WITHOUT ROWID"))) << lite.toStdString();
+    const QString pg = SchemaDdl::CreateTable(t, Backend::PostgreSQL).constFirst().Sql;
+    EXPECT_TRUE(pg.endsWith(QStringLiteral("PRIMARY KEY (Account, DateD)\n)"))) << pg.toStdString();
+}
+
 TEST(StorageSchemaDescription, SqliteSequenceStartsWithAParameterisedRow) {
     const QVector<Statement> s =
         SchemaDdl::CreateSequence(SequenceDef{kRecordSequence}, Backend::SQLite);

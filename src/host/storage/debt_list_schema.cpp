@@ -38,6 +38,26 @@ TableDef BRDebtList() {
             {}};
 }
 
+// The list rows kept in list order: the key is the index below, and the rows' own
+// columns follow it.
+TableDef BRDebtListInListOrder() {
+    TableDef t = BRDebtList();
+    t.PrimaryKey = {QStringLiteral("Account"),  QStringLiteral("Sign"),
+                    QStringLiteral("ClosedOn"), QStringLiteral("DateD"),
+                    QStringLiteral("BRID"),     QStringLiteral("AddresseeID")};
+    t.KeyOrdered = true;
+    return t;
+}
+
+// A debt side's rows, as the triggers find them to make them again.
+IndexDef byDebt() {
+    return {QStringLiteral("BRDebtListDebt"),
+            QStringLiteral("BRDebtList"),
+            {QStringLiteral("BRID"), QStringLiteral("Sign"), QStringLiteral("AddresseeID")},
+            true,
+            {}};
+}
+
 // The rows of the debts still open at a date are one range of this index, as in the open
 // items; within it they come by date, entry and addressee, the order of a list, so a list
 // of debts that all stay open need not be sorted again.
@@ -194,6 +214,26 @@ Migration DebtListMigration() {
         QStringList statements{insertRows(QStringLiteral("1 = 1"))};
         statements += db.Kind() == Backend::PostgreSQL ? postgresTriggers() : sqliteTriggers();
         return ExecuteStatements(db, statements);
+    };
+    return m;
+}
+
+Migration DebtListOrderMigration() {
+    Migration m;
+    m.Version = kDebtListOrderMigrationVersion;
+    m.Title = QStringLiteral("Skolų sąrašo eilutės sąrašo tvarka");
+    m.Apply = [](Database& db) {
+        // The table is made anew rather than altered, which neither backend can do to a
+        // primary key; the triggers find it again by its name.
+        const ExecResult dropped = db.Execute(QStringLiteral("DROP TABLE BRDebtList"));
+        if (!dropped.ok())
+            return ResultRecord::Failure(dropped.Code, dropped.Text);
+        ResultRecord r = db.CreateTable(BRDebtListInListOrder());
+        if (r.ok())
+            r = db.CreateIndex(byDebt());
+        if (!r.ok())
+            return r;
+        return ExecuteStatements(db, {insertRows(QStringLiteral("1 = 1"))});
     };
     return m;
 }

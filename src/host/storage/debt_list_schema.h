@@ -19,6 +19,13 @@
 // addressee's shown name, the currency rate) bring the copies up to date in the writer's
 // own transaction, on SQLite and on PostgreSQL alike. The migration fills the rows of the
 // debts a book already keeps.
+//
+// The migration "Skolų sąrašo eilutės sąrašo tvarka" makes the same rows again in a table
+// whose primary key is the order of a list (Account, Sign, ClosedOn, DateD, BRID,
+// AddresseeID) and which SQLite keeps in that order (KeyOrdered): a whole kind's list then
+// reads its rows where they lie, one after the other, instead of looking each one up from
+// the index. A unique index on BRID, Sign and AddresseeID serves the triggers, which name
+// the table and stay as they were.
 #pragma once
 
 #include "host/storage/migration.h"
@@ -26,7 +33,9 @@
 namespace orvo::host {
 
 inline constexpr int kDebtListMigrationVersion = 11;
+inline constexpr int kDebtListOrderMigrationVersion = 12;
 
 Migration DebtListMigration();
+Migration DebtListOrderMigration();
 
 } // namespace orvo::host

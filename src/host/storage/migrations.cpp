@@ -29,6 +29,7 @@ const QVector<Migration>& Migrations() {
         CommentTemplatesMigration(), // 9
         DebtIndexesMigration(),      // 10
         DebtListMigration(),         // 11
+        DebtListOrderMigration(),    // 12
     };
     return list;
 }

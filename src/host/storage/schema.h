@@ -47,6 +47,11 @@ struct TableDef {
     // A composite primary key; leave empty when a column of kind Id is the key.
     QStringList PrimaryKey;
     QVector<QStringList> UniqueKeys;
+    // SQLite keeps the rows themselves in the order of the primary key, with no row number
+    // of their own (WITHOUT ROWID): a range of the key then reads the rows in place rather
+    // than looking each one up from an index. PostgreSQL keeps every table apart from its
+    // indexes and ignores it.
+    bool KeyOrdered = false;
 };
 
 struct IndexDef {

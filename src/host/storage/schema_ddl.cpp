@@ -78,7 +78,8 @@ QVector<Statement> SchemaDdl::CreateTable(const TableDef& table, Backend backend
     QString sql = QStringLiteral("CREATE TABLE %1 (\n    %2\n)")
                       .arg(table.Name, parts.join(QStringLiteral(",\n    ")));
     if (backend == Backend::SQLite)
-        sql += QStringLiteral(" STRICT");
+        sql +=
+            table.KeyOrdered ? QStringLiteral(" STRICT, WITHOUT ROWID") : QStringLiteral(" STRICT");
     return {Statement{sql, {}}};
 }
 
