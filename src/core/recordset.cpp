@@ -197,8 +197,11 @@ RowStatus Recordset::Status() const {
     return r < 0 ? RowStatus::Unchanged : rows_.at(r).status;
 }
 
-bool Recordset::fitsAsIs(int field, const Value& value) const {
-    const FieldDef& def = fields_.at(field);
+namespace {
+
+// Whether a value goes into a field of this definition as it is; inline, since a long
+// list asks it of every cell.
+inline bool fitsField(const FieldDef& def, const Value& value) {
     switch (value.kind()) {
     case Value::Kind::Null:
         return def.type != FieldType::Chapter;
@@ -220,6 +223,12 @@ bool Recordset::fitsAsIs(int field, const Value& value) const {
     default:
         return false;
     }
+}
+
+} // namespace
+
+bool Recordset::fitsAsIs(int field, const Value& value) const {
+    return fitsField(fields_.at(field), value);
 }
 
 Value Recordset::coerce(int field, const Value& value, bool* ok) const {
@@ -333,7 +342,7 @@ bool Recordset::AppendStored(ValueArray values) {
             values[i] = Value(Create(f.children ? *f.children : FieldDefs{}));
             continue;
         }
-        if (fitsAsIs(i, values.at(i)))
+        if (fitsField(f, values.at(i)))
             continue;
         bool ok = false;
         Value fitted = coerce(i, values.at(i), &ok);

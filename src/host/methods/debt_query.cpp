@@ -133,8 +133,10 @@ ResultRecord DebtQuery::readCandidates(const DebtSelection& s, int sign,
         d.OperationId = c.Int64(1);
         d.DateD = c.Date(2);
         d.FullCents = c.Int64(3);
-        d.AccountD = c.Text(4);
-        d.AccountC = c.Text(5);
+        // The side's own account is the one asked for, which every statement matches
+        // exactly; only the other side's is read.
+        d.AccountD = sign == 1 ? s.Account : c.Text(4);
+        d.AccountC = sign == 1 ? c.Text(5) : s.Account;
         const QString info = c.Text(6).trimmed();
         d.StoredCurrencyRate = c.Double(7);
         d.Number = c.Text(8);

@@ -1,6 +1,6 @@
 #include "host/storage/row_cursor.h"
 
-#include <QAnyStringView>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -11,24 +11,6 @@ namespace orvo::host {
 
 namespace {
 
-// Whether UTF-8 bytes spell a text. UTF-8 takes at least as many bytes as UTF-16 takes
-// units, and as many only for plain ASCII, which is compared here byte by byte: that is
-// most of a ledger's texts (accounts, numbers, codes), and the general comparison costs
-// several times more.
-bool spells(const char* data, int size, const QString& text) {
-    if (size < text.size())
-        return false;
-    if (size > text.size())
-        return QAnyStringView::equal(QUtf8StringView(data, size), text);
-    const QChar* units = text.constData();
-    for (int i = 0; i < size; ++i) {
-        const auto byte = static_cast<unsigned char>(data[i]);
-        if (byte >= 0x80 || units[i].unicode() != byte)
-            return false;
-    }
-    return true;
-}
-
 // Hashes the bytes of a text, so that a column's texts can be found by the bytes a row
 // holds without making a key of them.
 struct BytesHash {
@@ -36,13 +18,22 @@ struct BytesHash {
     size_t operator()(std::string_view bytes) const { return std::hash<std::string_view>{}(bytes); }
 };
 
-} // namespace
-
-struct RowCursor::Recurring {
-    std::vector<std::unordered_map<std::string, QString, BytesHash, std::equal_to<>>> byColumn;
+// A text handed out and the bytes it was made from: the next row's bytes are compared
+// with these rather than with the text, which for a text with letters beyond ASCII would
+// mean decoding them first.
+struct MadeText {
+    std::string Bytes;
+    QString Text;
 };
 
-RowCursor::RowCursor() = default;
+} // namespace
+
+struct RowCursor::Made {
+    std::vector<MadeText> Last;
+    std::vector<std::unordered_map<std::string, QString, BytesHash, std::equal_to<>>> Recurring;
+};
+
+RowCursor::RowCursor() : made_(std::make_unique<Made>()) {}
 RowCursor::~RowCursor() = default;
 
 QString RowCursor::RecurringText(int column) const {
@@ -50,13 +41,11 @@ QString RowCursor::RecurringText(int column) const {
     int size = 0;
     if (!TextBytes(column, &data, &size))
         return OtherText(column);
-    if (size == 0 || column < 0)
+    if (size == 0)
         return QString();
-    if (!recurring_)
-        recurring_ = std::make_unique<Recurring>();
-    if (size_t(column) >= recurring_->byColumn.size())
-        recurring_->byColumn.resize(size_t(column) + 1);
-    auto& made = recurring_->byColumn[size_t(column)];
+    if (size_t(column) >= made_->Recurring.size())
+        made_->Recurring.resize(size_t(column) + 1);
+    auto& made = made_->Recurring[size_t(column)];
     const std::string_view bytes(data, size_t(size));
     const auto it = made.find(bytes);
     if (it != made.end())
@@ -71,13 +60,15 @@ QString RowCursor::Text(int column) const {
         return OtherText(column);
     if (size == 0)
         return QString();
-    if (column >= last_.size())
-        last_.resize(column + 1);
-    QString& last = last_[column];
-    if (spells(data, size, last))
-        return last;
-    last = QString::fromUtf8(data, size);
-    return last;
+    if (size_t(column) >= made_->Last.size())
+        made_->Last.resize(size_t(column) + 1);
+    MadeText& last = made_->Last[size_t(column)];
+    if (last.Bytes.size() == size_t(size) &&
+        std::memcmp(last.Bytes.data(), data, size_t(size)) == 0)
+        return last.Text;
+    last.Bytes.assign(data, size_t(size));
+    last.Text = QString::fromUtf8(data, size);
+    return last.Text;
 }
 
 QDate RowCursor::IsoDate(const char* bytes, int size) {

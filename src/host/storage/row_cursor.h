@@ -19,7 +19,6 @@
 
 #include <QDate>
 #include <QString>
-#include <QVector>
 #include <functional>
 #include <memory>
 
@@ -54,12 +53,11 @@ protected:
     virtual QString OtherText(int column) const = 0;
 
 private:
-    struct Recurring;
+    struct Made;
 
-    // The last text handed out for each column.
-    mutable QVector<QString> last_;
-    // The texts RecurringText has made, by column and UTF-8 bytes.
-    mutable std::unique_ptr<Recurring> recurring_;
+    // The texts handed out so far, with the UTF-8 bytes each was made from: by column, the
+    // last one and, for RecurringText, every one.
+    std::unique_ptr<Made> made_;
 };
 
 // Called once per row, in the result's order; returning false ends the read early, which
