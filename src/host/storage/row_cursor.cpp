@@ -26,6 +26,13 @@ struct MadeText {
     QString Text;
 };
 
+// The slot of a column among the texts made so far, added when the column is first read.
+template <typename Slot> Slot& slotOf(std::vector<Slot>& slots, int column) {
+    if (size_t(column) >= slots.size())
+        slots.resize(size_t(column) + 1);
+    return slots[size_t(column)];
+}
+
 } // namespace
 
 struct RowCursor::Made {
@@ -43,9 +50,7 @@ QString RowCursor::RecurringText(int column) const {
         return OtherText(column);
     if (size == 0)
         return QString();
-    if (size_t(column) >= made_->Recurring.size())
-        made_->Recurring.resize(size_t(column) + 1);
-    auto& made = made_->Recurring[size_t(column)];
+    auto& made = slotOf(made_->Recurring, column);
     const std::string_view bytes(data, size_t(size));
     const auto it = made.find(bytes);
     if (it != made.end())
@@ -60,9 +65,7 @@ QString RowCursor::Text(int column) const {
         return OtherText(column);
     if (size == 0)
         return QString();
-    if (size_t(column) >= made_->Last.size())
-        made_->Last.resize(size_t(column) + 1);
-    MadeText& last = made_->Last[size_t(column)];
+    MadeText& last = slotOf(made_->Last, column);
     if (last.Bytes.size() == size_t(size) &&
         std::memcmp(last.Bytes.data(), data, size_t(size)) == 0)
         return last.Text;
