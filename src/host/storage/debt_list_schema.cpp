@@ -38,8 +38,8 @@ TableDef BRDebtList() {
             {}};
 }
 
-// The list rows kept in list order: the key is the index below, and the rows' own
-// columns follow it.
+// The list rows kept in list order: the primary key has the columns of the index
+// BRDebtListOpen below, which it replaces.
 TableDef BRDebtListInListOrder() {
     TableDef t = BRDebtList();
     t.PrimaryKey = {QStringLiteral("Account"),  QStringLiteral("Sign"),
@@ -223,8 +223,8 @@ Migration DebtListOrderMigration() {
     m.Version = kDebtListOrderMigrationVersion;
     m.Title = QStringLiteral("Skolų sąrašo eilutės sąrašo tvarka");
     m.Apply = [](Database& db) {
-        // The table is made anew rather than altered, which neither backend can do to a
-        // primary key; the triggers find it again by its name.
+        // The table is made anew: SQLite can change neither a table's primary key nor
+        // its keeping of row numbers. The triggers find it again by its name.
         const ExecResult dropped = db.Execute(QStringLiteral("DROP TABLE BRDebtList"));
         if (!dropped.ok())
             return ResultRecord::Failure(dropped.Code, dropped.Text);
