@@ -43,28 +43,29 @@ struct RowCursor::Made {
 RowCursor::RowCursor() : made_(std::make_unique<Made>()) {}
 RowCursor::~RowCursor() = default;
 
-QString RowCursor::RecurringText(int column) const {
-    const char* data = nullptr;
-    int size = 0;
-    if (!TextBytes(column, &data, &size))
-        return OtherText(column);
-    if (size == 0)
-        return QString();
-    auto& made = slotOf(made_->Recurring, column);
-    const std::string_view bytes(data, size_t(size));
-    const auto it = made.find(bytes);
-    if (it != made.end())
-        return it->second;
-    return made.emplace(std::string(bytes), QString::fromUtf8(data, size)).first->second;
+QString RowCursor::Text(int column) const {
+    return madeText(column, false);
 }
 
-QString RowCursor::Text(int column) const {
+QString RowCursor::RecurringText(int column) const {
+    return madeText(column, true);
+}
+
+QString RowCursor::madeText(int column, bool recurring) const {
     const char* data = nullptr;
     int size = 0;
     if (!TextBytes(column, &data, &size))
         return OtherText(column);
     if (size == 0)
         return QString();
+    if (recurring) {
+        auto& made = slotOf(made_->Recurring, column);
+        const std::string_view bytes(data, size_t(size));
+        const auto it = made.find(bytes);
+        if (it != made.end())
+            return it->second;
+        return made.emplace(std::string(bytes), QString::fromUtf8(data, size)).first->second;
+    }
     MadeText& last = slotOf(made_->Last, column);
     if (last.Bytes.size() == size_t(size) &&
         std::memcmp(last.Bytes.data(), data, size_t(size)) == 0)

@@ -55,6 +55,10 @@ protected:
 private:
     struct Made;
 
+    // The text of a column, made once per distinct text when `recurring`, else compared
+    // with the column's last one.
+    QString madeText(int column, bool recurring) const;
+
     // The texts handed out so far, with the UTF-8 bytes each was made from: by column, the
     // last one and, for RecurringText, every one.
     std::unique_ptr<Made> made_;
